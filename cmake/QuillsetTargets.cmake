@@ -1,0 +1,65 @@
+# Helpers that every folder uses. Sources ending in _win32.cpp or _posix.cpp are built on their platform only.
+
+add_library(quillset_warnings INTERFACE)
+target_compile_options(quillset_warnings INTERFACE
+    $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+        -Wold-style-cast -Wnon-virtual-dtor -Wformat=2>
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wlogical-op>
+    # When it optimises, GCC 12 warns wrongly about joined texts.
+    $<$<AND:$<CXX_COMPILER_ID:GNU>,$<NOT:$<CONFIG:Debug>>>:-Wno-restrict>
+    # One rounding per operation on every processor: results must agree between the platforms.
+    $<$<CXX_COMPILER_ID:GNU,Clang>:-ffp-contract=off>
+    $<$<CXX_COMPILER_ID:MSVC>:/W4 /utf-8 /fp:precise>)
+target_compile_definitions(quillset_warnings INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
+    $<$<BOOL:${WIN32}>:NOMINMAX WIN32_LEAN_AND_MEAN UNICODE _UNICODE _WIN32_WINNT=0x0A00>)
+if(QUILLSET_WERROR)
+    target_compile_options(quillset_warnings INTERFACE
+        $<$<CXX_COMPILER_ID:GNU,Clang>:-Werror> $<$<CXX_COMPILER_ID:MSVC>:/WX>)
+endif()
+
+function(quillset_platform_sources out)
+    set(kept)
+    foreach(source IN LISTS ARGN)
+        if(WIN32 AND source MATCHES "_posix\\.cpp$")
+            continue()
+        endif()
+        if(NOT WIN32 AND source MATCHES "_win32\\.cpp$")
+            continue()
+        endif()
+        list(APPEND kept ${source})
+    endforeach()
+    set(${out} ${kept} PARENT_SCOPE)
+endfunction()
+
+# quillset_core(<folder> SOURCES ... [LINK ...] [PRIVATE_LINK ...]): the toolkit-free library quillset_<folder>.
+function(quillset_core folder)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+    foreach(library IN LISTS ARG_LINK ARG_PRIVATE_LINK)
+        if(library MATCHES "Qt|_ui$")
+            message(FATAL_ERROR "quillset_${folder} is toolkit-free and must not link ${library}")
+        endif()
+    endforeach()
+    quillset_platform_sources(sources ${ARG_SOURCES})
+    add_library(quillset_${folder} STATIC ${sources})
+    set_target_properties(quillset_${folder} PROPERTIES AUTOMOC OFF)
+    target_include_directories(quillset_${folder} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(quillset_${folder} PUBLIC ${ARG_LINK} PRIVATE quillset_warnings ${ARG_PRIVATE_LINK})
+endfunction()
+
+# quillset_ui(<folder> SOURCES ... [LINK ...]): the windows of a folder, quillset_<folder>_ui.
+function(quillset_ui folder)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    quillset_platform_sources(sources ${ARG_SOURCES})
+    add_library(quillset_${folder}_ui STATIC ${sources})
+    target_include_directories(quillset_${folder}_ui PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(quillset_${folder}_ui PUBLIC ${ARG_LINK} Qt6::Widgets PRIVATE quillset_warnings)
+endfunction()
+
+# quillset_program(<name> SOURCES ... [LINK ...]): an executable in bin/.
+function(quillset_program name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    quillset_platform_sources(sources ${ARG_SOURCES})
+    add_executable(${name} ${sources})
+    target_link_libraries(${name} PRIVATE quillset_warnings ${ARG_LINK})
+endfunction()

@@ -1,0 +1,80 @@
+#include "build/console_lines.h"
+
+#include <cstdint>
+#include <utility>
+
+namespace quillset {
+
+namespace {
+
+/// Takes the first character of valid UTF-8.
+char32_t takeCharacter(std::string_view& text) {
+    const auto lead = static_cast<std::uint8_t>(text.front());
+    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    char32_t character = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+    for (std::size_t i = 1; i < length && i < text.size(); ++i)
+        character = (character << 6) | (static_cast<std::uint8_t>(text[i]) & 0x3FU);
+    text.remove_prefix(std::min(length, text.size()));
+    return character;
+}
+
+} // namespace
+
+ConsoleEdit ConsoleLines::feed(std::string_view text) {
+    edit_ = {};
+    firstLineOfEdit_ = true;
+    while (!text.empty())
+        put(takeCharacter(text));
+    emitLine();
+    return std::exchange(edit_, {});
+}
+
+void ConsoleLines::put(char32_t character) {
+    const bool returned = std::exchange(afterReturn_, false);
+    if (character == U'\n') {
+        endLine();
+        return;
+    }
+    if (returned) // only now is it known that the CR was none of CR LF
+        column_ = 0;
+    if (character == U'\r')
+        afterReturn_ = true;
+    else if (character == U'\b')
+        column_ -= column_ > 0 ? 1 : 0;
+    else
+        write(character < 0x20 && character != U'\t' ? char32_t{0xFFFD} : character);
+}
+
+void ConsoleLines::write(char32_t character) {
+    if (column_ == longestLine)
+        endLine();
+    if (column_ == line_.size()) {
+        line_ += character;
+    } else {
+        shownChanged_ = shownChanged_ || (column_ < shown_ && line_[column_] != character);
+        line_[column_] = character;
+    }
+    ++column_;
+}
+
+void ConsoleLines::endLine() {
+    emitLine();
+    edit_.text += U'\n';
+    firstLineOfEdit_ = false;
+    line_.clear();
+    column_ = 0;
+    shown_ = 0;
+}
+
+void ConsoleLines::emitLine() {
+    if (shownChanged_ && firstLineOfEdit_) {
+        edit_.replacesLastLine = true;
+        edit_.text += line_;
+    } else {
+        edit_.text.append(line_, shown_);
+    }
+    shown_ = line_.size();
+    shownChanged_ = false;
+}
+
+} // namespace quillset

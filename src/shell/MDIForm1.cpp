@@ -1,0 +1,271 @@
+#include "shell/MDIForm1.h"
+
+#include "shell/command_icons.h"
+#include "shell/command_states.h"
+#include "shell/theme.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QStatusBar>
+
+namespace quillset {
+
+namespace {
+
+constexpr const char* form = "MDIForm1";
+constexpr std::array toolWindowNames{"frmPreview", "frmObjProp", "frmObjTree"};
+constexpr const char* arrangement = "MainWindow";
+
+QString asText(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+} // namespace
+
+MDIForm1::MDIForm1(Session& session, const ToolWindows& windows)
+    : session_(session)
+    , menus_(buildMenus(*this))
+    , docks_(*this)
+    , area_(new DocumentArea(windows.frmXMLList, this)) {
+    setObjectName(QStringLiteral("MDIForm1"));
+    setWindowTitle(QStringLiteral("Quillset XML"));
+    setWindowIcon(programIcon());
+    setDockNestingEnabled(true);
+    setCentralWidget(area_);
+    resize(1280, 820);
+    buildToolBar(*this, menus_);
+    buildAppearanceMenu();
+    buildStatusBar();
+    docks_.add(windows.frmObjTree, tr("Objects"));
+    docks_.add(windows.frmPreview, tr("Preview"));
+    docks_.add(windows.frmObjProp, tr("Properties"));
+    if (windows.frmCoorConv != nullptr)
+        docks_.add(windows.frmCoorConv, tr("Coordinate conversion"));
+    // The list's commands act on the list alone: Del in the catalogue or in the sheet must not remove a
+    // placement.
+    for (const char* const name : {"mRemoveObject", "mMoveUp", "mMoveDown"}) {
+        menus_.action(name)->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        windows.frmXMLList->addAction(menus_.action(name));
+    }
+    connectMenus();
+    connectSession();
+    updateCommands();
+}
+
+void MDIForm1::buildStatusBar() {
+    statusBar()->setObjectName(QStringLiteral("StatusBar"));
+    for (std::size_t i = 0; i < panels_.size(); ++i) {
+        panels_[i] = new StatusPanel(this);
+        panels_[i]->setObjectName(QStringLiteral("panel%1").arg(i + 1));
+        statusBar()->addPermanentWidget(panels_[i], i == 0 ? 1 : 0);
+    }
+    panels_[0]->setAccessibleName(tr("Last operation"));
+    panels_[0]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    panels_[1]->setText(QStringLiteral("Dockable"));
+    panels_[1]->setToolTip(tr("Whether the tool windows can be dragged to another place"));
+    panels_[1]->setBevel(Bevel::inset);
+    panels_[1]->setFocusPolicy(Qt::TabFocus);
+    panels_[2]->setAccessibleName(tr("Simulator link"));
+    for (StatusPanel* const panel : panels_)
+        connect(panel, &StatusPanel::clicked, this, [this, panel] {
+            if (panel->text() == QLatin1String("Dockable"))
+                toggleDockable();
+        });
+}
+
+void MDIForm1::buildAppearanceMenu() {
+    QMenu* const view = menus_.menu("mView");
+    view->addSeparator();
+    QMenu* const menu = view->addMenu(tr("&Appearance"));
+    menu->setObjectName(QStringLiteral("mAppearance"));
+    auto* const group = new QActionGroup(this);
+    for (const auto& [text, caption] : {std::pair{QStringLiteral("system"), tr("As the &system")},
+                                        {QStringLiteral("light"), tr("&Light")},
+                                        {QStringLiteral("dark"), tr("&Dark")}}) {
+        QAction* const action = menu->addAction(caption);
+        action->setObjectName(QStringLiteral("mAppearance_") + text);
+        action->setCheckable(true);
+        group->addAction(action);
+        connect(action, &QAction::triggered, this, [this, name = text] { chooseAppearance(name); });
+    }
+    connect(menu, &QMenu::aboutToShow, this, [this, group] {
+        const QString now = asText(session_.configuration().extra(arrangement, "appearance"));
+        for (QAction* const action : group->actions())
+            action->setChecked(action->objectName() ==
+                               QStringLiteral("mAppearance_") + textOf(appearanceFromText(now)));
+    });
+}
+
+void MDIForm1::chooseAppearance(const QString& text) {
+    session_.configuration().setExtra(arrangement, "appearance", text.toStdString());
+    applyAppearance(appearanceFromText(text));
+}
+
+void MDIForm1::connectMenus() {
+    connect(menus_.menu("mFile"), &QMenu::aboutToShow, this, &MDIForm1::updateCommands);
+    connect(menus_.menu("mEdit"), &QMenu::aboutToShow, this, &MDIForm1::prepareEditMenu);
+    connect(menus_.menu("mObjects"), &QMenu::aboutToShow, this, &MDIForm1::prepareObjectsMenu);
+    connect(menus_.menu("mView"), &QMenu::aboutToShow, this, &MDIForm1::prepareViewMenu);
+    const std::array<std::pair<const char*, const char*>, 3> toggles{{{"mObjectTree", "frmObjTree"},
+                                                                      {"mObjectProperties", "frmObjProp"},
+                                                                      {"mPreviewWindow", "frmPreview"}}};
+    for (const auto& [action, window] : toggles) {
+        menus_.action(action)->setCheckable(true);
+        connect(menus_.action(action), &QAction::triggered, this,
+                [this, action = action, window = QLatin1String(window)] { toggleDock(action, window); });
+    }
+    connect(menus_.action("mExit"), &QAction::triggered, this, &QWidget::close);
+    for (std::size_t i = 0; i < RecentFiles::limit; ++i) {
+        QAction* const action = menus_.actions.value(QStringLiteral("mLastFile(%1)").arg(i));
+        connect(action, &QAction::triggered, this, [this, i] { openRecent_(i); });
+    }
+    connect(area_, &DocumentArea::recentRequested, this,
+            [this](int index) { openRecent_(static_cast<std::size_t>(index)); });
+}
+
+void MDIForm1::connectSession() {
+    connections_.push_back(session_.activity().changed.connect(
+        [this](const std::string& text) { panels_[0]->setText(asText(text)); }));
+    connections_.push_back(session_.recentFiles().changed.connect([this] { rebuildRecentMenu(); }));
+    connections_.push_back(
+        session_.document().changed.connect([this](const DocumentChange&) { updateCommands(); }));
+    connections_.push_back(session_.list().selectionChanged.connect([this](int) { updateCommands(); }));
+    connections_.push_back(session_.catalogue().selectionChanged.connect([this] { updateCommands(); }));
+}
+
+void MDIForm1::setCommand(const char* name, std::function<void()> action) {
+    connect(menus_.action(name), &QAction::triggered, this, [this, run = std::move(action)] {
+        run();
+        updateCommands();
+    });
+}
+
+void MDIForm1::setRecentCommand(std::function<void(std::size_t)> action) {
+    openRecent_ = [this, run = std::move(action)](std::size_t index) {
+        run(index);
+        updateCommands();
+    };
+}
+
+void MDIForm1::updateCommands() {
+    for (const auto& [name, enabled] : commandStates(session_))
+        menus_.actions.value(QLatin1String(name.data(), static_cast<qsizetype>(name.size())))
+            ->setEnabled(enabled);
+    menus_.action("mUndo")->setText(asText(session_.journal().caption()));
+}
+
+void MDIForm1::prepareEditMenu() {
+    updateCommands();
+}
+
+void MDIForm1::prepareObjectsMenu() {
+    session_.errors().trapped("mObjects_click", form, [this] { updateCommands(); });
+}
+
+void MDIForm1::prepareViewMenu() {
+    menus_.action("mObjectTree")->setChecked(docks_.layout(QStringLiteral("frmObjTree")).visible);
+    menus_.action("mObjectProperties")->setChecked(docks_.layout(QStringLiteral("frmObjProp")).visible);
+    menus_.action("mPreviewWindow")->setChecked(docks_.layout(QStringLiteral("frmPreview")).visible);
+}
+
+void MDIForm1::toggleDock(const char* action, const QString& window) {
+    QDockWidget* const dock = docks_.dock(window);
+    const bool show = dock->isHidden();
+    dock->setVisible(show);
+    if (show)
+        dock->raise();
+    menus_.action(action)->setChecked(show);
+}
+
+void MDIForm1::toggleDockable() {
+    const bool dockable = !docks_.isDockable();
+    docks_.setDockable(dockable);
+    panels_[1]->setSwitchedOn(dockable);
+    panels_[1]->setBevel(dockable ? Bevel::inset : Bevel::raised);
+}
+
+void MDIForm1::dockWindows() {
+    for (const char* const name : {"frmObjTree", "frmPreview", "frmObjProp"}) {
+        WindowLayout layout = session_.configuration().layout(name);
+        layout.visible = true;
+        docks_.apply(QLatin1String(name), layout);
+    }
+    if (docks_.dock(QStringLiteral("frmCoorConv")) != nullptr)
+        docks_.apply(QStringLiteral("frmCoorConv"), {4, false, false});
+    resizeDocks({docks_.dock(QStringLiteral("frmObjTree")), docks_.dock(QStringLiteral("frmObjProp"))},
+                {300, 320}, Qt::Horizontal);
+    restoreGeometry(QByteArray::fromBase64(
+        QByteArray::fromStdString(session_.configuration().extra(arrangement, "geometry"))));
+    restoreState(QByteArray::fromBase64(
+        QByteArray::fromStdString(session_.configuration().extra(arrangement, "state"))));
+    for (const char* const name : toolWindowNames) {
+        // A layout that was edited by hand wins over the arrangement that was stored beside it.
+        const WindowLayout wanted = session_.configuration().layout(name);
+        const WindowLayout now = docks_.layout(QLatin1String(name));
+        if (now.docked != wanted.docked || (wanted.docked && now.align != wanted.align))
+            docks_.apply(QLatin1String(name), wanted);
+        docks_.dock(QLatin1String(name))->setVisible(wanted.visible);
+    }
+}
+
+void MDIForm1::storeArrangement() {
+    session_.configuration().setExtra(arrangement, "geometry", saveGeometry().toBase64().toStdString());
+    session_.configuration().setExtra(arrangement, "state", saveState().toBase64().toStdString());
+}
+
+void MDIForm1::showDocument(const QString& caption) {
+    area_->showDocument(caption);
+    updateCommands();
+}
+
+void MDIForm1::hideDocument() {
+    area_->hideDocument();
+    updateCommands();
+}
+
+void MDIForm1::showContextMenu(const QPoint& globalPlace) {
+    updateCommands();
+    menus_.menu("mXMLList")->popup(globalPlace);
+}
+
+void MDIForm1::setLinkState(const QString& text, Bevel bevel, const QString& explanation) {
+    panels_[2]->setText(text);
+    panels_[2]->setBevel(bevel);
+    panels_[2]->setToolTip(explanation);
+}
+
+void MDIForm1::showWaiting(const QString& text) {
+    panels_[0]->setText(text.isEmpty() ? asText(session_.activity().text()) : text);
+    panels_[0]->repaint();
+}
+
+void MDIForm1::rebuildRecentMenu() {
+    const std::vector<std::string> paths = session_.recentFiles().paths();
+    menus_.action("mNothingLastFile")->setVisible(!paths.empty());
+    QStringList shown;
+    for (std::size_t i = 0; i < RecentFiles::limit; ++i) {
+        QAction* const action = menus_.actions.value(QStringLiteral("mLastFile(%1)").arg(i));
+        action->setVisible(i < paths.size());
+        if (i >= paths.size())
+            continue;
+        shown << asText(paths[i]);
+        // "&" would mark an access key and vanish from the path.
+        action->setText(QString(shown.last()).replace(QLatin1String("&"), QLatin1String("&&")));
+    }
+    area_->setRecentFiles(shown);
+}
+
+void MDIForm1::closeEvent(QCloseEvent* event) {
+    if (shutDown_ && !shutDown_())
+        event->ignore();
+    else
+        event->accept();
+}
+
+void MDIForm1::resizeEvent(QResizeEvent* event) {
+    session_.errors().trapped("MDIForm_Resize", form, [&] { QMainWindow::resizeEvent(event); });
+}
+
+} // namespace quillset

@@ -1,0 +1,36 @@
+#include "shell/command_states.h"
+
+namespace quillset {
+
+ListState listState(Session& session) {
+    return {session.document().isOpen(), session.list().selectedPlacement().has_value()};
+}
+
+std::map<std::string_view, bool> commandStates(Session& session) {
+    const bool open = session.document().isOpen();
+    const bool editable = open && session.document().hasRoot();
+    const ListCommands list = session.list().setXMLListMenuOptions();
+    const TreeMenuOptions tree = session.catalogue().setTreeMenuOptions(listState(session));
+    return {
+        {"mSave", open},
+        {"mSaveAs", open},
+        {"mCompile", open},
+        // The exchange with GIS files is not part of this version yet.
+        {"mExportSHP", false},
+        {"mImportSHP", false},
+        {"mCoorConv", false},
+        {"mClose", open},
+        {"mUndo", session.journal().canUndo()},
+        {"mAddNewBefore", editable && tree.addNewBefore && list.addBefore},
+        {"mAddNewEnd", editable && tree.addNewEnd && list.addEnd},
+        {"mUpdateObject", tree.updateObject && list.updateObject},
+        {"mAddMDL", tree.addMDL},
+        {"mAddMDLFolder", tree.addMDLFolder},
+        {"mRemoveMDL", tree.removeMDL},
+        {"mRemoveObject", list.removeObject},
+        {"mMoveUp", list.moveUp},
+        {"mMoveDown", list.moveDown},
+    };
+}
+
+} // namespace quillset

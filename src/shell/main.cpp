@@ -1,0 +1,111 @@
+#include "base/console_program.h"
+#include "base/paths.h"
+#include "base/program_folder.h"
+#include "base/registry.h"
+#include "base/runtime_error.h"
+#include "base/user_folder.h"
+#include "shell/command_line.h"
+#include "shell/editor.h"
+#include "shell/qt_clock.h"
+#include "shell/qt_dialogs.h"
+#include "simlink/simulator_recording.h"
+
+#include <QApplication>
+
+#include <cstdlib>
+
+namespace {
+
+using namespace quillset;
+
+// Without a display the toolkit would abort with a core dump; the user gets a sentence and an exit code
+// instead.
+void explainMissingDisplay(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtFatalMsg) {
+        writeConsole(ConsoleStream::error,
+                     "quillset-xml: no display can be opened. Start the editor in a graphical session.\n");
+        std::_Exit(1);
+    }
+    if (type == QtCriticalMsg)
+        writeConsole(ConsoleStream::error, text.toStdString() + "\n");
+}
+
+// The simulator of this system, or a recording in its place. Throws RuntimeError.
+std::unique_ptr<SimulatorServices> simulatorFor(const CommandLine& options, const Clock& clock) {
+    if (options.replaySimulator) {
+        Replay replay = replayedServices(readWholeFile(*options.replaySimulator));
+        if (!replay.services)
+            throw RuntimeError(ErrorNumber::invalidCall, *options.replaySimulator + ": " + replay.problem);
+        return std::move(replay.services);
+    }
+    std::unique_ptr<SimulatorServices> services = systemSimulatorServices();
+    return options.recordSimulator ? recordedServices(std::move(services), *options.recordSimulator, clock)
+                                   : std::move(services);
+}
+
+// These paths are kept in the settings, and the next run may begin in another folder.
+CommandLine withAbsolutePaths(CommandLine options) {
+    if (!options.file.empty())
+        options.file = absolutePath(options.file);
+    for (std::optional<std::string>* const folder : {&options.fsPath, &options.programFolder})
+        if (*folder)
+            *folder = absolutePath(**folder);
+    return options;
+}
+
+int edit(const CommandLine& options) {
+    const std::string executable = executableFolder();
+    const std::string data = chooseDataFolder(executable, userDataFolder(), options.programFolder);
+    const InstanceFolder instance(data);
+    const std::unique_ptr<Registry> registry = systemRegistry();
+    const QtClock clock;
+    const std::unique_ptr<SimulatorServices> simulator = simulatorFor(options, clock);
+    QtDialogs dialogs;
+    // Deliberate: nothing is unwound or saved on an unexpected error; what went wrong must not reach the
+    // user's files.
+    Editor editor({options,
+                   {executable, data, instance.path()},
+                   dialogs,
+                   *simulator,
+                   [&registry] { return registeredSimulatorFolder(*registry); },
+                   [] { std::_Exit(1); }});
+    dialogs.setParent(&editor.window());
+    return editor.start() ? QApplication::exec() : 1;
+}
+
+int run(int argc, char** argv, const CommandLine& options) {
+    const QtMessageHandler usual = qInstallMessageHandler(explainMissingDisplay);
+    QApplication application(argc, argv);
+    qInstallMessageHandler(usual);
+    QApplication::setApplicationName(QStringLiteral("quillset-xml"));
+    QApplication::setApplicationVersion(QStringLiteral(QUILLSET_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("quillset-xml"));
+    try {
+        return edit(options);
+    } catch (const RuntimeError& error) {
+        // Before there is a window: no folder for the settings, a recording that cannot be read.
+        QtDialogs().tell(error.what(), errorTitle, MessageIcon::critical);
+        return 1;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const CommandLineResult parsed = parseCommandLine(programArguments(argc, argv));
+    if (!parsed.error.empty()) {
+        writeConsole(ConsoleStream::error, parsed.error);
+        return 2;
+    }
+    switch (parsed.options.action) {
+    case CommandLine::Action::showHelp:
+        writeConsole(ConsoleStream::output, helpText());
+        return 0;
+    case CommandLine::Action::showVersion:
+        writeConsole(ConsoleStream::output, versionText());
+        return 0;
+    case CommandLine::Action::start:
+        break;
+    }
+    return run(argc, argv, withAbsolutePaths(parsed.options));
+}

@@ -1,0 +1,35 @@
+#include "shell/program_files.h"
+
+#include "base/paths.h"
+
+#include <filesystem>
+
+namespace quillset {
+
+std::string ProgramFiles::config() const {
+    return joinPath(data, "config.xml");
+}
+
+std::vector<std::string> ProgramFiles::recoveries(const std::string& sceneryPath) const {
+    std::vector<std::string> paths{joinPath(undo, "recovery.xml"), sceneryPath + ".recovery"};
+    std::error_code failed;
+    const std::filesystem::path temporary = std::filesystem::temp_directory_path(failed);
+    if (!failed)
+        paths.push_back(toText(temporary / "quillset-recovery.xml"));
+    return paths;
+}
+
+std::string ProgramFiles::shipped(const std::string& name) const {
+    const std::string own = joinPath(data, name);
+    const std::string share = joinPath(joinPath(folderOf(executable), "share"), "quillset-xml");
+    for (const std::string& candidate : {own, joinPath(executable, name), joinPath(share, name)})
+        if (fileExists(candidate))
+            return candidate;
+    return own;
+}
+
+std::string ProgramFiles::compilerFolder() const {
+    return joinPath(executable, "compiler");
+}
+
+} // namespace quillset

@@ -1,0 +1,111 @@
+#include "shell/start_up.h"
+
+#include "base/paths.h"
+
+namespace quillset {
+
+namespace {
+
+std::string simulatorFolder(Session& session, const std::optional<std::string>& fsPath) {
+    if (fsPath)
+        return *fsPath;
+    const std::string registered = session.registeredSimulatorFolder();
+    if (!registered.empty())
+        return registered;
+    return session.dialogs().chooseFolder("Choose the folder of Flight Simulator 2004.");
+}
+
+// False when files are missing; the message has been shown then.
+bool runtimeFilesPresent(Session& session, const RuntimeFiles& files, const std::vector<std::string>& table) {
+    const std::vector<std::string> missing = files.missing(table);
+    if (missing.empty())
+        return true;
+    session.dialogs().tell(missingRuntimeFilesText(missing), applicationTitle, MessageIcon::critical);
+    return false;
+}
+
+void lookForSimulatorModule(Session& session) {
+    const std::string fsPath = session.configuration().fsPath();
+    if (!findIgnoringCase(fsPath, "modules/fsuipc.dll"))
+        session.dialogs().tell(
+            "FSUIPC was not found on your system, communication with FS will not be possible");
+}
+
+void preparePreview(Session& session, StartUpWindows& windows, const RuntimeFiles& files,
+                    const std::vector<std::string>& table) {
+    if (files.missing(table).empty()) {
+        windows.initialisePreview();
+        return;
+    }
+    session.dialogs().tell(
+        "The graphical DLL files could not be found on your system. Please download the latest "
+        "version from the web site of the library\r\n"
+        "the chapter on the preview in the manual tells where\r\n"
+        "Quillset XML will continue without the dynamic preview now");
+}
+
+// False when the program must end.
+bool runStages(Session& session, StartUpWindows& windows, const StartUpOptions& options) {
+    windows.setSplashText("Creating internal objects and variables");
+    const RuntimeFiles files(session.files().executable, options.windowsFolder);
+    windows.setSplashText("Reading configuration");
+    if (!readConfiguration(session, options.fsPath))
+        return false;
+    session.recentFiles().changed.notify();
+    windows.setSplashText("Docking windows");
+    windows.dockWindows();
+    windows.setSplashText("Reading available objects");
+    session.rescanCatalogue();
+    windows.setSplashText("Checking for runtime files");
+    if (!runtimeFilesPresent(session, files, options.runtimeFiles))
+        return false;
+    lookForSimulatorModule(session);
+    windows.setSplashText("Initializing generic building preview");
+    preparePreview(session, windows, files, options.textureConverter);
+    return true;
+}
+
+} // namespace
+
+std::string registeredSimulatorFolder(const Registry& registry) {
+    return registry.nativePath(
+        registry.text("SOFTWARE\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0", "EXE Path"));
+}
+
+bool readConfiguration(Session& session, const std::optional<std::string>& fsPath) {
+    Configuration& configuration = session.configuration();
+    const std::string file = session.files().config();
+    if (fileExists(file) || folderExists(file)) {
+        if (configuration.load(file)) {
+            session.dialogs().tell(
+                "Failed to load config.xml file, please remove the current config.xml and restart "
+                "Quillset XML",
+                errorTitle, MessageIcon::critical);
+            return false;
+        }
+        if (fsPath)
+            configuration.setFsPath(*fsPath);
+        return true;
+    }
+    const std::string folder = simulatorFolder(session, fsPath);
+    configuration.createFresh(folder);
+    if (!folder.empty())
+        return true;
+    // The unfinished last word is deliberate: the text is known to users as it is.
+    session.dialogs().tell(
+        "The path to Fs2004 could not be read from the registry, please update the config.xml file manual",
+        errorTitle, MessageIcon::critical);
+    return false;
+}
+
+StartUpOutcome startUp(Session& session, StartUpWindows& windows, const StartUpOptions& options) {
+    bool ready = true;
+    session.errors().trapped("MDIForm_Load", "MDIForm1", [&] {
+        windows.showSplash();
+        ready = runStages(session, windows, options);
+    });
+    session.errors().trapped("MDIForm_Load", "MDIForm1", [&] { windows.closeSplash(); });
+    return ready ? StartUpOutcome::ready : StartUpOutcome::programEnds;
+}
+
+} // namespace quillset

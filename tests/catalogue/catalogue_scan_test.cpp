@@ -1,0 +1,148 @@
+#include "catalogue/catalogue_scan.h"
+#include "catalogue_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace quillset::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr const char* duplicateInScan =
+    "Error 35602 (Key is not unique in collection) in procedure rescanObjTree of Form frmObjTree";
+constexpr const char* duplicateInLibrary =
+    "Error 35602 (Key is not unique in collection) in procedure addNewUserLibrary of Form frmObjTree";
+
+const Lines buildings{"rectangular=Rectangular building", "pyramidal=Pyramidal building",
+                      "multisided=MultiSided building"};
+
+class CatalogueScanTest : public ::testing::Test, protected CatalogueFixture {};
+
+TEST_F(CatalogueScanTest, BuildsAllGroupsInTheirOrder) {
+    sources.userLibraries = {folder.write(
+        "libs/user.xml", R"(<FSData><x><ModelData name="U1" sourceFile="c:\mdl\shed.mdl"/></x></FSData>)")};
+    sources.rwy12Libraries = {folder.write(
+        "libs/rwy.xml", R"(<objectsLibrary><category name="c"><obj name="All\Towers\Mast 10/20" guid="R1"/>)"
+                        R"(<obj guid="R2" name="Mast"/></category></objectsLibrary>)")};
+    sources.documentModels = {{"M1", R"(d:\models\house.mdl)"}};
+    rescan();
+    EXPECT_EQ(below("root"),
+              (Lines{"generic=Default library objects", "  AA01=Barn", "  AA02=Crane", "effects=Effects",
+                     "  fx_smoke.fx=fx_smoke.fx", "user=User library objects", "  user.xml=user.xml",
+                     "    U1=shed.mdl", "  rwy.xml=rwy.xml", "    R1=Mast 10/20", "    R2=Mast",
+                     "local=MDL objects", "  M1=house.mdl", "genbuild=Generic building",
+                     "  rectangular=Rectangular building", "  pyramidal=Pyramidal building",
+                     "  multisided=MultiSided building"}));
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(CatalogueScanTest, DefaultLibraryGoesByPositionNotByName) {
+    folder.write("generic.xml",
+                 "<l><LibraryObject><guid>AA01</guid><name>Barn</name></LibraryObject>"
+                 "<LibraryObject>text<!-- n --><a>\n  Crane\n</a><!-- m --><b> AA02 </b><c>no</c>"
+                 "</LibraryObject><group><LibraryObject><n>Mill</n></LibraryObject></group>"
+                 "<libraryobject><n>x</n><g>y</g></libraryobject></l>");
+    rescan();
+    EXPECT_EQ(below("generic"), (Lines{"Barn=AA01", "AA02=Crane", "=Mill"}));
+}
+
+TEST_F(CatalogueScanTest, ReportsADuplicateKeyOncePerSourceAndGoesOn) {
+    folder.write("generic.xml", "<l>" + defaultObject("Barn", "AA01") + defaultObject("Again", "AA01") +
+                                    defaultObject("Again", "AA01") + defaultObject("Lost", "AA03") + "</l>");
+    const std::string user = folder.write("user.xml", R"(<a><ModelData name="U1" sourceFile="1.mdl"/>)"
+                                                      R"(<ModelData name="AA01" sourceFile="2.mdl"/>)"
+                                                      R"(<ModelData name="U3" sourceFile="3.mdl"/></a>)");
+    sources.userLibraries = {user, user};
+    sources.rwy12Libraries = {folder.write("rwy.xml", R"(<a><obj guid="R1" name="r"/></a>)")};
+    sources.documentModels = {{"generic", "g.mdl"}, {"M2", "m.mdl"}};
+    rescan();
+    EXPECT_EQ(messageTexts(),
+              (Lines{duplicateInScan, duplicateInLibrary, duplicateInLibrary, duplicateInScan}));
+    EXPECT_EQ(below("generic"), (Lines{"AA01=Barn"}));
+    EXPECT_EQ(below("user"), (Lines{"user.xml=user.xml", "  U1=1.mdl", "rwy.xml=rwy.xml", "  R1=r"}));
+    EXPECT_EQ(below("local"), Lines{});
+    EXPECT_EQ(below("genbuild"), buildings);
+    EXPECT_EQ(ended, 0);
+}
+
+TEST_F(CatalogueScanTest, AnObjectNeverTakesTheKeyOfAGroupOrBuilding) {
+    folder.write("generic.xml", "<l>" + defaultObject("Barn", "user") + "</l>");
+    sources.documentModels = {{"M1", "a.mdl"}, {"rectangular", "b.mdl"}};
+    rescan();
+    EXPECT_EQ(messageTexts(), (Lines{duplicateInScan, duplicateInScan}));
+    EXPECT_EQ(tree.getObjectName("user"), "User library objects");
+    EXPECT_EQ(below("local"), (Lines{"M1=a.mdl"}));
+    EXPECT_EQ(below("genbuild"), buildings);
+}
+
+TEST_F(CatalogueScanTest, SeveralEmptyKeysAreDuplicates) {
+    sources.userLibraries = {
+        folder.write("u.xml", R"(<a><ModelData sourceFile="x.mdl"/><ModelData/><ModelData name="K"/></a>)")};
+    sources.rwy12Libraries = {folder.write("r.xml", R"(<a><obj guid="R1"/></a>)")};
+    rescan();
+    EXPECT_EQ(messageTexts(), (Lines{duplicateInLibrary}));
+    EXPECT_EQ(below("user"), (Lines{"u.xml=u.xml", "  =x.mdl", "r.xml=r.xml", "  R1="}));
+}
+
+TEST_F(CatalogueScanTest, AMissingDefaultLibraryOrSimulatorFolderCostsItsGroupOnly) {
+    sources.genericFile = folder.file("none.xml");
+    sources.simulatorFolder = folder.file("nowhere");
+    rescan();
+    EXPECT_EQ(dialogs.messages,
+              (std::vector<Message>{{"Failed to load generic.xml file", "Quillset XML error",
+                                     MessageButtons::ok, MessageIcon::critical},
+                                    {"FS path not found, please check your config.xml file",
+                                     "Quillset XML error", MessageButtons::ok, MessageIcon::critical}}));
+    EXPECT_EQ(below("root"),
+              (Lines{"generic=Default library objects", "user=User library objects", "local=MDL objects",
+                     "genbuild=Generic building", "  rectangular=Rectangular building",
+                     "  pyramidal=Pyramidal building", "  multisided=MultiSided building"}));
+}
+
+TEST_F(CatalogueScanTest, ASimulatorFolderMustBeNamed) {
+    for (const std::string& path : {std::string(), folder.write("plain/effects", "a file")}) {
+        dialogs.messages.clear();
+        sources.simulatorFolder = path.empty() ? path : folder.file("plain");
+        rescan();
+        EXPECT_EQ(messageTexts(), (Lines{"FS path not found, please check your config.xml file"}));
+    }
+}
+
+struct LibraryCase {
+    const char* name;
+    std::string bytes;
+    bool valid;
+};
+
+class BadLibraryTest : public ::testing::TestWithParam<LibraryCase>, protected CatalogueFixture {};
+
+TEST_P(BadLibraryTest, IsToldAndTheRestIsBuilt) {
+    sources.userLibraries = {folder.write("bad.xml", GetParam().bytes),
+                             folder.write("good.xml", R"(<a><ModelData name="U1" sourceFile="1"/></a>)")};
+    rescan();
+    EXPECT_EQ(below("user"), (Lines{"good.xml=good.xml", "  U1=1"}));
+    const Lines told = GetParam().valid ? Lines{} : Lines{"Please select a valid user library file"};
+    EXPECT_EQ(messageTexts(), told);
+    for (const Message& message : dialogs.messages)
+        EXPECT_EQ(message.title + std::to_string(static_cast<int>(message.icon)), "Quillset XML error3");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, BadLibraryTest,
+    ::testing::Values(LibraryCase{"Empty", "", false}, LibraryCase{"Blank", " \r\n", false},
+                      LibraryCase{"Truncated", R"(<a><ModelData name="X" sourceFile="1"/><Mod)", false},
+                      LibraryCase{"Unclosed", R"(<a><ModelData name="X" sourceFile="1"/>)", false},
+                      LibraryCase{"Binary", std::string("\0\x01\xFF\xFE<a/>", 8), false},
+                      LibraryCase{"Text", "not a library", false},
+                      LibraryCase{"NothingToShow", R"(<a><obj guid="1"/><modeldata name="2"/></a>)", true}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(CatalogueScanTest, AMissingFileIsNoLibrary) {
+    sources.userLibraries = {folder.file("missing.xml"), ""};
+    rescan();
+    EXPECT_EQ(messageTexts(), Lines(2, "Please select a valid user library file"));
+    EXPECT_EQ(below("genbuild"), buildings);
+}
+
+} // namespace
+} // namespace quillset::test

@@ -1,0 +1,3 @@
+#include "shell/session.h"
+#include <shapefil.h>
+#include <unistd.h>

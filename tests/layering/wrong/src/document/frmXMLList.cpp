@@ -1,0 +1,4 @@
+#include "document/frmXMLList.h"
+#include "document/list.h"
+#include <QString>
+#include <windows.h>

@@ -1,0 +1,4 @@
+#include "document/list.h"
+#include "document/frmXMLList.h"
+#include "preview/picture.h"
+#include <QString>

@@ -1,0 +1,2 @@
+#include "document/frmXMLList.h"
+#include "document/list.h"

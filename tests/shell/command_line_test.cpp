@@ -1,0 +1,34 @@
+#include "shell/command_line.h"
+
+#include <gtest/gtest.h>
+
+using namespace quillset;
+
+TEST(CommandLine, OptionsAndTheFile) {
+    const CommandLineResult result =
+        parseCommandLine({"--fs-path", "/fs", "--program-folder=/p q", "my scenery.xml"});
+    EXPECT_EQ(result.error, "");
+    EXPECT_EQ(result.options.fsPath, "/fs");
+    EXPECT_EQ(result.options.programFolder, "/p q");
+    EXPECT_EQ(result.options.file, "my scenery.xml");
+    EXPECT_EQ(parseCommandLine({"--", "--odd.xml"}).options.file, "--odd.xml");
+    EXPECT_EQ(parseCommandLine({"-h"}).options.action, CommandLine::Action::showHelp);
+    EXPECT_EQ(parseCommandLine({"--version"}).options.action, CommandLine::Action::showVersion);
+}
+
+TEST(CommandLine, WhatItDoesNotUnderstandIsAnError) {
+    const struct {
+        std::vector<std::string> arguments;
+        const char* problem;
+    } rows[] = {
+        {{"--fast"}, "unknown option '--fast'"},
+        {{"-x"}, "unknown option '-x'"},
+        {{"--fs-path"}, "option '--fs-path' needs a value"},
+        {{"--program-folder="}, "option '--program-folder' needs a value"},
+        {{"--help=no"}, "unknown option '--help=no'"},
+        {{"a.xml", "b.xml"}, "'b.xml' is one too many"},
+        {{""}, "the name of the scenery file is empty"},
+    };
+    for (const auto& row : rows)
+        EXPECT_NE(parseCommandLine(row.arguments).error.find(row.problem), std::string::npos) << row.problem;
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "shell/session.h"
+#include "support/counting_guids.h"
+#include "support/fixed_clock.h"
+#include "support/scripted_dialogs.h"
+#include "support/temporary_folder.h"
+
+namespace quillset::test {
+
+/// A session in a folder of its own, with a small catalogue and effects "smoke.fx" and "lights.fx".
+struct SessionFixture {
+    SessionFixture() {
+        folder.write("program/generic.xml",
+                     "<Objects><LibraryObject><name>Hangar</name><guid>AA01</guid></LibraryObject>"
+                     "<LibraryObject><name>Tower</name><guid>AA02</guid></LibraryObject></Objects>");
+        folder.write("fs/Effects/smoke.fx", "[x]");
+        folder.write("fs/Effects/lights.fx", "[x]");
+    }
+
+    /// Configuration and catalogue as after start-up.
+    void start() {
+        session.configuration().createFresh(folder.file("fs"));
+        session.rescanCatalogue();
+    }
+    /// A document on disk with `count` placements of the hangar.
+    std::string document(std::string_view name, int count) const {
+        std::string text = "<FSData version=\"9.0\">";
+        for (int i = 1; i <= count; ++i)
+            text += "<!--Object " + std::to_string(i) + "--><SceneryObject lat=\"" + std::to_string(i) +
+                    "\" lon=\"5\"><LibraryObject name=\"AA01\" scale=\"1.0\"/></SceneryObject>";
+        return folder.write(name, text + "</FSData>");
+    }
+
+    TemporaryFolder folder;
+    ScriptedDialogs dialogs;
+    FixedClock clock;
+    CountingGuids guids;
+    std::unique_ptr<FileOperations> files = systemFileOperations();
+    int ended = 0;
+    std::string registered;
+    bool linkClosed = false;
+    Session session{{dialogs,
+                     clock,
+                     *files,
+                     guids,
+                     {folder.file("program"), folder.file("program"), folder.file("program")},
+                     [this] { return registered; },
+                     [] { return 52.1; },
+                     [] { return 5.2; },
+                     [] { return 90.0; },
+                     [this] { linkClosed = true; },
+                     [this] { ++ended; }}};
+};
+
+} // namespace quillset::test

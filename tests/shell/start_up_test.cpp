@@ -1,0 +1,162 @@
+#include "shell/start_up.h"
+
+#include "session_fixture.h"
+#include "shell/shut_down.h"
+
+#include <gtest/gtest.h>
+
+using namespace quillset;
+
+namespace {
+
+class RecordedWindows : public StartUpWindows {
+public:
+    void showSplash() override { steps.emplace_back("splash"); }
+    void setSplashText(const std::string& text) override { steps.push_back(text); }
+    void closeSplash() override { steps.emplace_back("close"); }
+    void dockWindows() override {
+        steps.emplace_back("dock");
+        if (dockingFails)
+            throw RuntimeError(ErrorNumber::objectNotSet);
+    }
+    void initialisePreview() override { steps.emplace_back("preview"); }
+
+    bool dockingFails = false;
+    std::vector<std::string> steps;
+};
+
+struct StartUpTest : testing::Test, test::SessionFixture {
+    RecordedWindows windows;
+    StartUpOptions options;
+};
+
+const char* const noModule =
+    "FSUIPC was not found on your system, communication with FS will not be possible";
+
+} // namespace
+
+TEST_F(StartUpTest, TheStagesInOrder) {
+    registered = folder.file("fs");
+    folder.write("fs/Modules/FSUIPC.dll", "x");
+    EXPECT_EQ(startUp(session, windows, options), StartUpOutcome::ready);
+    EXPECT_EQ(windows.steps,
+              (std::vector<std::string>{"splash", "Creating internal objects and variables",
+                                        "Reading configuration", "Docking windows", "dock",
+                                        "Reading available objects", "Checking for runtime files",
+                                        "Initializing generic building preview", "preview", "close"}));
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(session.catalogue().getObjectName("AA01"), "Hangar");
+    EXPECT_FALSE(folder.has("program/config.xml")) << "written at the end of the run";
+    shutDown(session, [](const std::string&) { return WindowLayout{2, false, false}; });
+    EXPECT_TRUE(linkClosed);
+    EXPECT_NE(folder.read("program/config.xml").find("<frmObjTree align=\"2\" docked=\"0\" visible=\"0\"/>"),
+              std::string::npos);
+}
+
+TEST_F(StartUpTest, MessagesOfTheChecks) {
+    const struct {
+        const char* name;
+        bool registered;
+        std::optional<std::string> config;
+        std::vector<std::string> runtime;
+        std::vector<std::string> converter;
+        std::vector<Message> messages;
+        StartUpOutcome outcome;
+        bool preview;
+    } rows[] = {
+        {"no simulator",
+         false,
+         {},
+         {},
+         {},
+         {{"The path to Fs2004 could not be read from the registry, please update the config.xml file manual",
+           "Quillset XML error", MessageButtons::ok, MessageIcon::critical}},
+         StartUpOutcome::programEnds,
+         false},
+        {"damaged configuration",
+         true,
+         "<Configuration>",
+         {},
+         {},
+         {{"Failed to load config.xml file, please remove the current config.xml and restart Quillset XML",
+           "Quillset XML error", MessageButtons::ok, MessageIcon::critical}},
+         StartUpOutcome::programEnds,
+         false},
+        {"no run-time file",
+         true,
+         {},
+         {"none.dll"},
+         {},
+         {{missingRuntimeFilesText({"none.dll"}), "Quillset XML", MessageButtons::ok, MessageIcon::critical}},
+         StartUpOutcome::programEnds,
+         false},
+        {"no module",
+         true,
+         {},
+         {},
+         {},
+         {{noModule, "Quillset XML", MessageButtons::ok, MessageIcon::information}},
+         StartUpOutcome::ready,
+         true},
+    };
+    for (const auto& row : rows) {
+        test::SessionFixture f;
+        RecordedWindows shown;
+        f.registered = row.registered ? f.folder.file("fs") : std::string();
+        if (row.config)
+            f.folder.write("program/config.xml", *row.config);
+        StartUpOptions checks;
+        checks.runtimeFiles = row.runtime;
+        checks.textureConverter = row.converter;
+        EXPECT_EQ(startUp(f.session, shown, checks), row.outcome) << row.name;
+        EXPECT_EQ(f.dialogs.messages, row.messages) << row.name;
+        EXPECT_EQ(std::count(shown.steps.begin(), shown.steps.end(), "preview"), row.preview ? 1 : 0)
+            << row.name;
+        EXPECT_EQ(shown.steps.back(), "close") << row.name;
+    }
+}
+
+TEST_F(StartUpTest, WithoutTheConverterThereIsNoDynamicPreview) {
+    registered = folder.file("fs");
+    options.textureConverter = {"kpgfx.dll", "kpdds.dll"};
+    folder.write("program/kpgfx.dll", "x");
+    EXPECT_EQ(startUp(session, windows, options), StartUpOutcome::ready);
+    ASSERT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_NE(dialogs.messages[1].text.find("Quillset XML will continue without the dynamic preview now"),
+              std::string::npos);
+    EXPECT_EQ(std::count(windows.steps.begin(), windows.steps.end(), "preview"), 0);
+}
+
+TEST_F(StartUpTest, AnUnexpectedErrorIsReportedAndTheWindowOpensAllTheSame) {
+    registered = folder.file("fs");
+    windows.dockingFails = true;
+    EXPECT_EQ(startUp(session, windows, options), StartUpOutcome::ready);
+    EXPECT_EQ(dialogs.messages.at(0).text,
+              "Error 91 (Object variable or With block variable not set) in procedure "
+              "MDIForm_Load of Form MDIForm1");
+    EXPECT_EQ(windows.steps.back(), "close");
+    EXPECT_EQ(ended, 0);
+}
+
+TEST_F(StartUpTest, TheSimulatorsFolderFromElsewhere) {
+    dialogs.paths = {folder.file("fs")};
+    EXPECT_TRUE(readConfiguration(session, std::nullopt)) << "the folder prompt";
+    EXPECT_EQ(session.configuration().fsPath(), folder.file("fs"));
+    EXPECT_TRUE(readConfiguration(session, "/other/"));
+    EXPECT_EQ(session.configuration().fsPath(), "/other") << "the command line";
+}
+
+TEST_F(StartUpTest, EveryStepOfTheEndRunsWhateverFails) {
+    start();
+    folder.write("program/undo0000.xml", "left by an abnormal end");
+    session.document().create(folder.file("a.xml"));
+    session.journal().record(UndoKind::addObject);
+    shutDown(session,
+             [](const std::string&) -> WindowLayout { throw RuntimeError(ErrorNumber::objectNotSet); });
+    EXPECT_EQ(dialogs.messages.at(0).text,
+              "Error 91 (Object variable or With block variable not set) in procedure "
+              "MDIForm_Unload of Form MDIForm1");
+    EXPECT_TRUE(folder.has("program/config.xml"));
+    EXPECT_FALSE(folder.has("program/undo0000.xml"));
+    EXPECT_TRUE(linkClosed);
+}
