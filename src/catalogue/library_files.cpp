@@ -1,6 +1,7 @@
 #include "catalogue/library_files.h"
 
 #include "base/paths.h"
+#include "base/trimmed.h"
 #include "base/xml_file.h"
 
 #include <string_view>
@@ -38,14 +39,6 @@ pugi::xml_node firstElementFrom(pugi::xml_node node) {
     while (node && !isElement(node))
         node = node.next_sibling();
     return node;
-}
-
-std::string_view trimmed(std::string_view text) {
-    constexpr const char* blanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 // The text of an element, in `buffer` when it is not in one piece.

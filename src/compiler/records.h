@@ -1,6 +1,7 @@
 #pragma once
 
-#include <array>
+#include "base/guid_bytes.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -9,9 +10,6 @@
 #include <vector>
 
 namespace quillset::compiler {
-
-/// The 16 bytes of a GUID as they stand in the file.
-using GuidBytes = std::array<std::uint8_t, 16>;
 
 /// A library model, placed by its GUID.
 struct LibraryObject {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/coordinate_text.h"
 #include "compiler/records.h"
 
 #include <cstdint>
@@ -16,13 +17,6 @@ struct ValueKind {
     const char* allowed;
 };
 
-/// Decimal degrees, or hemisphere, degrees and minutes ("N43 04.6550", "N43* 04.6550", seconds may follow).
-[[nodiscard]] std::optional<double> parseLatitude(std::string_view text);
-[[nodiscard]] std::optional<double> parseLongitude(std::string_view text);
-/// Metres from a number that may end in M (metres) or F (feet); within what 32-bit millimetres hold.
-[[nodiscard]] std::optional<double> parseAltitude(std::string_view text);
-/// Any finite number of degrees; more than a turn is allowed.
-[[nodiscard]] std::optional<double> parseAngle(std::string_view text);
 /// A number above 0 that a 32-bit float holds.
 [[nodiscard]] std::optional<float> parseScale(std::string_view text);
 /// TRUE, YES, FALSE, NO; upper case only, as the schema has it.
@@ -33,9 +27,6 @@ struct ValueKind {
 /// A number from 0 to 65535, fractions allowed.
 [[nodiscard]] std::optional<double> parseSize(std::string_view text);
 [[nodiscard]] std::optional<std::uint16_t> parseSides(std::string_view text);
-/// 32 hexadecimal digits (four 32-bit numbers, each stored with its low byte first) or the dashed form with
-/// or without braces (the fields of a GUID, each with its low byte first). Both give the bytes of the file.
-[[nodiscard]] std::optional<GuidBytes> parseGuid(std::string_view text);
 [[nodiscard]] std::optional<BuildingShape> parseRoofType(std::string_view text);
 
 /// An effect's text in windows-1252; nothing when it is too long or holds a control character or one that
@@ -52,7 +43,7 @@ inline constexpr ValueKind<double> longitude{
     parseLongitude, "a number from -180 to 180, or a text such as W070 49.4533 or E5 12.0"};
 inline constexpr ValueKind<double> altitude{
     parseAltitude, "a number that may end in M (metres) or F (feet), up to 2147483 metres up or down"};
-inline constexpr ValueKind<double> angle{parseAngle, "a number of degrees"};
+inline constexpr ValueKind<double> angle{parseNumber, "a number of degrees"};
 inline constexpr ValueKind<float> scale{parseScale, "a number above 0, at most 3.4e38"};
 inline constexpr ValueKind<bool> boolean{parseBoolean, "TRUE, YES, FALSE, NO"};
 inline constexpr ValueKind<std::uint16_t> imageComplexity{

@@ -155,7 +155,7 @@ TEST(Models, AFileThatChangesAfterItWasLookedAtIsNotCopied) {
     for (const Change& change : changes) {
         const TemporaryFolder folder;
         folder.write("a.mdl", "RIFFxxxxMDL9");
-        const ModelSection section({{GuidBytes{}, inspectModel(folder.file("a.mdl"))}});
+        const ModelSection section({{quillset::GuidBytes{}, inspectModel(folder.file("a.mdl"))}});
         change.change(folder);
         EXPECT_THROW(section.write([](std::string_view) {}), quillset::RuntimeError) << change.name;
     }
@@ -169,7 +169,8 @@ TEST(Models, TooLargeForTheFormat) {
         return inspectModel(folder.file("a.mdl"));
     };
     const ModelFile half = file(std::uintmax_t{1} << 31);
-    EXPECT_THROW(ModelSection({{GuidBytes{1}, half}, {GuidBytes{2}, half}}), quillset::RuntimeError);
-    EXPECT_EQ(ModelSection({{GuidBytes{1}, half}}).size(), 24U + (1U << 31));
+    EXPECT_THROW(ModelSection({{quillset::GuidBytes{1}, half}, {quillset::GuidBytes{2}, half}}),
+                 quillset::RuntimeError);
+    EXPECT_EQ(ModelSection({{quillset::GuidBytes{1}, half}}).size(), 24U + (1U << 31));
     EXPECT_THROW((void)file(std::uintmax_t{1} << 32), quillset::RuntimeError);
 }
