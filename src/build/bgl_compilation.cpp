@@ -1,5 +1,6 @@
 #include "build/bgl_compilation.h"
 
+#include "base/folder_lock.h"
 #include "base/paths.h"
 #include "base/runtime_error.h"
 #include "build/command_line.h"
@@ -96,6 +97,12 @@ void BglCompilation::run(const std::function<void(const std::string& path)>& sav
         return;
     }
     with_.settings.setBglPath(remembered.index, chosen);
+    // The working files have the same names for every running program of this folder.
+    const std::unique_ptr<FolderLock> lock = tryLock(workingFile(".quillset-compile.lock"));
+    if (!lock) {
+        with_.dialogs.tell("Another compilation is running. Please try again when it has ended.");
+        return;
+    }
 
     // Left by a run whose result could not be moved: it must not pass for the result of this one.
     with_.files.remove(workingFile(compileBglName));

@@ -55,6 +55,8 @@ PlacementRanges::PlacementRanges(std::string_view xml) {
                 const Place first = walk.to(scanner.offset());
                 ranges_.push_back({first, first, inside});
                 inside = open.back();
+            } else if (scanner.name() == "ModelData") {
+                modelLines_.push_back(walk.to(scanner.offset()).line);
             }
         } else if (event == TagScanner::Event::endTag && !open.empty()) {
             if (open.back() != none) {
@@ -69,6 +71,14 @@ PlacementRanges::PlacementRanges(std::string_view xml) {
 std::optional<std::size_t> PlacementRanges::placementAt(std::size_t line,
                                                         std::optional<std::size_t> column) const {
     return column ? innermostAt({line, *column}) : onlyOneIn(line);
+}
+
+std::size_t PlacementRanges::lineOf(std::size_t placement) const {
+    return placement < ranges_.size() ? ranges_[placement].first.line : 0;
+}
+
+std::size_t PlacementRanges::lineOfModel(std::size_t model) const {
+    return model < modelLines_.size() ? modelLines_[model] : 0;
 }
 
 std::optional<std::size_t> PlacementRanges::innermostAt(const Place& place) const {

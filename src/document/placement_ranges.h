@@ -7,8 +7,8 @@
 
 namespace quillset {
 
-/// Where the placements stand in a written file, so that a place named by a compiler's message leads to the
-/// placement it is about.
+/// Where the placements and the models stand in a written file: a place named by a compiler's message leads
+/// to the placement it is about, and what is found about a placement can be told with its line.
 class PlacementRanges {
 public:
     PlacementRanges() = default;
@@ -22,6 +22,11 @@ public:
     /// line holds parts of one only.
     [[nodiscard]] std::optional<std::size_t> placementAt(std::size_t line,
                                                          std::optional<std::size_t> column) const;
+
+    /// The line on which a placement begins; 0 when there is no such placement.
+    [[nodiscard]] std::size_t lineOf(std::size_t placement) const;
+    /// The same for a model (ModelData), counted from 0 in document order.
+    [[nodiscard]] std::size_t lineOfModel(std::size_t model) const;
 
 private:
     struct Place {
@@ -42,6 +47,7 @@ private:
     [[nodiscard]] std::optional<std::size_t> onlyOneIn(std::size_t line) const;
 
     std::vector<Range> ranges_; // in document order
+    std::vector<std::size_t> modelLines_;
 };
 
 } // namespace quillset

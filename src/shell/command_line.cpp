@@ -1,10 +1,32 @@
 #include "shell/command_line.h"
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 
 namespace quillset {
 
 namespace {
+
+using Action = CommandLine::Action;
+
+/// An option that says what to do in place of opening the editor.
+struct ActionRow {
+    std::string_view option;
+    Action action;
+    std::size_t operands;
+    std::string_view operandNames;
+};
+constexpr std::array<ActionRow, 8> actionTable{{
+    {"--help", Action::showHelp, 0, ""},
+    {"-h", Action::showHelp, 0, ""},
+    {"--version", Action::showVersion, 0, ""},
+    {"--compile", Action::compile, 2, "IN.xml OUT.bgl"},
+    {"--export-shp", Action::exportShapefile, 2, "IN.xml OUT.shp"},
+    {"--import-shp", Action::importShapefile, 3, "IN.xml POINTS.shp OUT.xml"},
+    {"--check", Action::check, 1, "IN.xml"},
+    {"--format", Action::format, 1, "IN.xml"},
+}};
 
 bool isOption(std::string_view argument) {
     return argument.size() > 1 && argument.front() == '-';
@@ -20,17 +42,21 @@ public:
         : arguments_(arguments) {}
 
     CommandLineResult parse() {
-        while (at_ < arguments_.size()) {
+        while (at_ < arguments_.size() && error_.empty()) {
             const std::string& argument = arguments_[at_++];
             if (!optionsEnded_ && argument == "--")
                 optionsEnded_ = true;
             else if (!optionsEnded_ && isOption(argument))
                 takeOption(argument);
+            else if (argument.empty())
+                error_ = "the name of the scenery file is empty";
             else
-                takeFile(argument);
-            if (!error_.empty())
-                return failure(error_);
+                options_.operands.push_back(argument);
         }
+        if (error_.empty())
+            assignOperands();
+        if (!error_.empty())
+            return failure(error_);
         return {options_, {}};
     }
 
@@ -38,7 +64,12 @@ private:
     void takeOption(const std::string& argument) {
         const std::size_t mark = argument.find('=');
         const std::string name = argument.substr(0, mark);
-        if (name == "--fs-path")
+        const auto row =
+            std::find_if(actionTable.begin(), actionTable.end(),
+                         [&](const ActionRow& candidate) { return candidate.option == argument; });
+        if (row != actionTable.end())
+            takeAction(*row);
+        else if (name == "--fs-path")
             options_.fsPath = value(name, argument, mark);
         else if (name == "--program-folder")
             options_.programFolder = value(name, argument, mark);
@@ -46,12 +77,18 @@ private:
             options_.recordSimulator = value(name, argument, mark);
         else if (name == "--replay-simulator")
             options_.replaySimulator = value(name, argument, mark);
-        else if (argument == "--help" || argument == "-h")
-            options_.action = CommandLine::Action::showHelp;
-        else if (argument == "--version")
-            options_.action = CommandLine::Action::showVersion;
+        else if (argument == "--json")
+            options_.reportForm = CommandLine::ReportForm::json;
         else
             error_ = "unknown option '" + argument + "'";
+    }
+
+    void takeAction(const ActionRow& row) {
+        if (action_ != nullptr && action_->action != row.action)
+            error_ = "'" + std::string(action_->option) + "' and '" + std::string(row.option) +
+                     "' cannot be combined";
+        action_ = &row;
+        options_.action = row.action;
     }
 
     std::string value(const std::string& name, const std::string& argument, std::size_t mark) {
@@ -65,17 +102,27 @@ private:
         return text;
     }
 
-    void takeFile(const std::string& argument) {
-        if (!options_.file.empty())
-            error_ = "only one scenery file can be opened, '" + argument + "' is one too many";
-        else if (argument.empty())
-            error_ = "the name of the scenery file is empty";
-        options_.file = argument;
+    void assignOperands() {
+        if (options_.reportForm == CommandLine::ReportForm::json && options_.action != Action::check)
+            error_ = "option '--json' belongs to '--check'";
+        else if (action_ == nullptr)
+            assignFile();
+        else if (action_->operands > 0 && options_.operands.size() != action_->operands)
+            error_ = "'" + std::string(action_->option) + "' takes " + std::string(action_->operandNames);
+    }
+
+    void assignFile() {
+        if (options_.operands.size() > 1)
+            error_ = "only one scenery file can be opened, '" + options_.operands[1] + "' is one too many";
+        else if (!options_.operands.empty())
+            options_.file = options_.operands.front();
+        options_.operands.clear();
     }
 
     const std::vector<std::string>& arguments_;
     std::size_t at_ = 0;
     bool optionsEnded_ = false;
+    const ActionRow* action_ = nullptr;
     CommandLine options_;
     std::string error_;
 };
@@ -97,7 +144,18 @@ std::string helpText() {
            "  --help                    show this text\n"
            "  --version                 show the version\n"
            "\n"
-           "FILE.xml is opened after start-up.\n";
+           "FILE.xml is opened after start-up.\n"
+           "\n"
+           "Without a window:\n"
+           "  --check IN.xml            list what you should look at: unknown objects and effects, "
+           "duplicates\n"
+           "                            at one place, bad coordinates, missing model files\n"
+           "  --json                    with --check: the list as JSON\n"
+           "  --format IN.xml           write the file anew, laid out as the editor saves it\n"
+           "  --compile IN.xml OUT.bgl  compile with the bglcomp that the editor would use\n"
+           "\n"
+           "The list of --check goes to standard output, all messages go to standard error.\n"
+           "Exit code: 0 done and nothing found, 1 something was found or failed, 2 wrong usage.\n";
 }
 
 std::string versionText() {

@@ -8,10 +8,24 @@ namespace quillset {
 
 /// What the user asked for on the command line.
 struct CommandLine {
-    enum class Action { start, showHelp, showVersion };
+    enum class Action {
+        start,
+        showHelp,
+        showVersion,
+        compile,
+        exportShapefile,
+        importShapefile,
+        check,
+        format
+    };
+    enum class ReportForm { text, json };
+
     Action action = Action::start;
     /// Scenery file to open; empty for none.
     std::string file;
+    /// For an action without a window: its files, as many as it takes.
+    std::vector<std::string> operands;
+    ReportForm reportForm = ReportForm::text;
     std::optional<std::string> fsPath;
     std::optional<std::string> programFolder;
     /// Files for exchanges with the simulator: written while the program runs, or played in its place.

@@ -4,6 +4,8 @@
 #include "base/registry.h"
 #include "base/runtime_error.h"
 #include "base/user_folder.h"
+#include "shell/batch_commands.h"
+#include "shell/check_json.h"
 #include "shell/command_line.h"
 #include "shell/editor.h"
 #include "shell/qt_clock.h"
@@ -73,6 +75,29 @@ int edit(const CommandLine& options) {
     return editor.start() ? QApplication::exec() : 1;
 }
 
+// A command that only reads must not fail where nothing can be written.
+std::string dataFolderToRead(const std::string& executable, const CommandLine& options) {
+    try {
+        return chooseDataFolder(executable, userDataFolder(), options.programFolder);
+    } catch (const RuntimeError&) {
+        return options.programFolder.value_or(userDataFolder());
+    }
+}
+
+// No window, no display: nothing of the toolkit is started.
+int runWithoutWindow(const CommandLine& options) {
+    const std::string executable = executableFolder();
+    const std::unique_ptr<FileOperations> files = systemFileOperations();
+    const std::unique_ptr<ProcessStarter> processes = systemProcessStarter();
+    const std::unique_ptr<Registry> registry = systemRegistry();
+    return runBatchCommand(options, {*files,
+                                     *processes,
+                                     {executable, dataFolderToRead(executable, options), {}},
+                                     [&registry] { return registeredSimulatorFolder(*registry); },
+                                     writeConsole,
+                                     checkJson});
+}
+
 int run(int argc, char** argv, const CommandLine& options) {
     const QtMessageHandler usual = qInstallMessageHandler(explainMissingDisplay);
     QApplication application(argc, argv);
@@ -105,7 +130,8 @@ int main(int argc, char** argv) {
         writeConsole(ConsoleStream::output, versionText());
         return 0;
     case CommandLine::Action::start:
-        break;
+        return run(argc, argv, withAbsolutePaths(parsed.options));
+    default:
+        return runWithoutWindow(withAbsolutePaths(parsed.options));
     }
-    return run(argc, argv, withAbsolutePaths(parsed.options));
 }

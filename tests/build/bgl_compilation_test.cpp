@@ -1,5 +1,6 @@
 #include "build/bgl_compilation.h"
 
+#include "base/folder_lock.h"
 #include "base/runtime_error.h"
 #include "build/child_path.h"
 #include "support/scripted_dialogs.h"
@@ -197,6 +198,23 @@ TEST(BglCompilation, RefusesNamesThatWouldDestroySomething) {
         EXPECT_EQ(bench.folder.read(row.scenery), "saved") << row.chosen;
         EXPECT_EQ(bench.settings.entries[0].output, "other.bgl");
     }
+}
+
+TEST(BglCompilation, TwoProgramsOfOneFolderDoNotMixTheirFiles) {
+    Bench bench;
+    bench.folder.write("program/compile.xml", "of the other one");
+    {
+        const auto other = tryLock(bench.working(".quillset-compile.lock"));
+        bench.compile();
+        EXPECT_EQ(bench.folder.read("program/compile.xml"), "of the other one");
+        EXPECT_EQ(bench.folder.read("out/Out.bgl"), "OLD");
+        ASSERT_EQ(bench.dialogs.messages.size(), 1U);
+        EXPECT_NE(bench.dialogs.messages[0].text.find("Another compilation is running"), std::string::npos);
+    }
+    bench.chooseAnd("print compiled scenery NEW", bench.folder.file("out/Out.bgl"));
+    bench.compile();
+    EXPECT_NE(bench.folder.read("out/Out.bgl"), "OLD");
+    EXPECT_FALSE(fileExists(bench.working(".quillset-compile.lock")));
 }
 
 TEST(BglCompilation, TheChosenFileMayBeTheCompilersOwn) {

@@ -16,6 +16,18 @@ TEST(CommandLine, OptionsAndTheFile) {
     EXPECT_EQ(parseCommandLine({"--version"}).options.action, CommandLine::Action::showVersion);
 }
 
+TEST(CommandLine, ActionsWithoutAWindowTakeTheirFilesInOrder) {
+    const CommandLineResult compile =
+        parseCommandLine({"a.xml", "--compile", "--fs-path", "/fs", "--", "-b.bgl"});
+    EXPECT_EQ(compile.error, "");
+    EXPECT_EQ(compile.options.action, CommandLine::Action::compile);
+    EXPECT_EQ(compile.options.operands, (std::vector<std::string>{"a.xml", "-b.bgl"}));
+    EXPECT_EQ(compile.options.file, "");
+    const CommandLineResult check = parseCommandLine({"--json", "--check", "a.xml"});
+    EXPECT_EQ(check.options.action, CommandLine::Action::check);
+    EXPECT_EQ(check.options.reportForm, CommandLine::ReportForm::json);
+}
+
 TEST(CommandLine, WhatItDoesNotUnderstandIsAnError) {
     const struct {
         std::vector<std::string> arguments;
@@ -28,6 +40,13 @@ TEST(CommandLine, WhatItDoesNotUnderstandIsAnError) {
         {{"--help=no"}, "unknown option '--help=no'"},
         {{"a.xml", "b.xml"}, "'b.xml' is one too many"},
         {{""}, "the name of the scenery file is empty"},
+        {{"--check"}, "'--check' takes IN.xml"},
+        {{"--compile", "a.xml"}, "'--compile' takes IN.xml OUT.bgl"},
+        {{"a.xml", "--format", "b.xml"}, "'--format' takes IN.xml"},
+        {{"--import-shp", "a.xml", "b.shp"}, "'--import-shp' takes IN.xml POINTS.shp OUT.xml"},
+        {{"--check", "a.xml", "--format"}, "'--check' and '--format' cannot be combined"},
+        {{"--json", "a.xml"}, "option '--json' belongs to '--check'"},
+        {{"--check=a.xml"}, "unknown option '--check=a.xml'"},
     };
     for (const auto& row : rows)
         EXPECT_NE(parseCommandLine(row.arguments).error.find(row.problem), std::string::npos) << row.problem;

@@ -1,0 +1,182 @@
+#include "shell/batch_commands.h"
+
+#include "base/paths.h"
+#include "base/runtime_error.h"
+#include "document/placement_ranges.h"
+#include "document/scenery_document.h"
+#include "shell/batch_compile.h"
+#include "shell/configuration.h"
+#include "shell/known_objects.h"
+
+#include <algorithm>
+
+namespace quillset {
+
+namespace {
+
+constexpr int success = 0;
+constexpr int failure = 1;
+
+/// A finding is one line, whatever stands in the file.
+std::string onOneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
+    return text;
+}
+
+class Batch {
+public:
+    Batch(const CommandLine& options, const BatchEnvironment& environment)
+        : options_(options)
+        , with_(environment) {}
+
+    int run() {
+        try {
+            return act();
+        } catch (const RuntimeError& error) {
+            complain(error.what());
+            return failure;
+        }
+    }
+
+private:
+    int act() {
+        switch (options_.action) {
+        case CommandLine::Action::check:
+            return check();
+        case CommandLine::Action::format:
+            return format();
+        case CommandLine::Action::compile:
+            return compile();
+        default:
+            complain("this command needs a window");
+            return failure;
+        }
+    }
+
+    int check() {
+        CheckReport report{input(), {}, {}};
+        try {
+            report.findings = findings();
+        } catch (const RuntimeError& error) {
+            report.problem = error.what();
+        }
+        if (options_.reportForm == CommandLine::ReportForm::json)
+            with_.write(ConsoleStream::output, with_.json(report));
+        else
+            list(report.findings);
+        if (!report.problem.empty())
+            complain(report.problem);
+        else if (!report.findings.empty())
+            complain(std::to_string(report.findings.size()) +
+                     (report.findings.size() == 1 ? " finding in " : " findings in ") + input());
+        return report.problem.empty() && report.findings.empty() ? success : failure;
+    }
+
+    std::vector<SceneryFinding> findings() {
+        loadDocument();
+        readSettings();
+        CatalogueSources sources;
+        sources.genericFile = with_.programFiles.shipped("generic.xml");
+        sources.simulatorFolder = settings_.fsPath();
+        sources.userLibraries = settings_.libraries(LibraryKind::user);
+        sources.rwy12Libraries = settings_.libraries(LibraryKind::rwy12);
+        const KnownObjects known(sources);
+        for (const std::string& library : known.unreadable())
+            complain("the library cannot be read, its objects count as unknown: " + library);
+        SceneryKnowledge knowledge;
+        knowledge.knowsObject = [&](std::string_view guid) { return known.hasObject(guid); };
+        if (known.knowsEffects())
+            knowledge.knowsEffect = [&](std::string_view name) { return known.hasEffect(name); };
+        else
+            complain("no simulator folder is known, effects are not checked (--fs-path DIR names one)");
+        knowledge.modelExists = [&](const std::string& path) { return modelExists(path); };
+        return checkScenery(document_, PlacementRanges(readWholeFile(input())), knowledge);
+    }
+
+    /// Where Compile would look for a relative path, and beside the scenery file, from where other compilers
+    /// would.
+    [[nodiscard]] bool modelExists(const std::string& path) const {
+        if (toPath(path).is_absolute())
+            return fileExists(path);
+        const std::string beside = folderOf(absolutePath(input()));
+        for (const std::string& folder : {with_.programFiles.data, beside}) {
+            const std::optional<std::string> found = findIgnoringCase(folder, path);
+            if (fileExists(joinPath(folder, path)) || (found && fileExists(*found)))
+                return true;
+        }
+        return false;
+    }
+
+    void list(const std::vector<SceneryFinding>& findings) {
+        std::string text;
+        for (const SceneryFinding& finding : findings) {
+            text += input();
+            if (finding.line > 0)
+                text += "(" + std::to_string(finding.line) + ")";
+            text += finding.row > 0 ? ": row " + std::to_string(finding.row) : ": model";
+            text.append(": ").append(findingName(finding.kind)).append(": ");
+            text += onOneLine(finding.what) + ": " + finding.why + "\n";
+        }
+        if (!text.empty())
+            with_.write(ConsoleStream::output, text);
+    }
+
+    int format() {
+        loadDocument();
+        // A file that is laid out already keeps its time stamp.
+        if (document_.fileBytes() != readWholeFile(input()))
+            document_.save(with_.files, input());
+        return success;
+    }
+
+    int compile() {
+        loadDocument();
+        const BatchCompile compilation{
+            with_.files, with_.processes, with_.programFiles,
+            [this](std::string_view text) { with_.write(ConsoleStream::error, text); }};
+        return compilation.run(document_, absolutePath(input()), absolutePath(options_.operands.at(1)))
+                   ? success
+                   : failure;
+    }
+
+    void loadDocument() {
+        const XmlRead read = document_.load(input());
+        if (!read.ok)
+            throw RuntimeError(ErrorNumber::invalidCall, input() + " could not be read: " + read.problem);
+    }
+
+    void readSettings() {
+        const std::string file = with_.programFiles.config();
+        settings_.createFresh({});
+        if (fileExists(file)) {
+            if (const std::optional<std::string> problem = settings_.load(file)) {
+                complain("the settings cannot be read and are left out: " + *problem);
+                settings_.createFresh({});
+            }
+        }
+        if (options_.fsPath)
+            settings_.setFsPath(*options_.fsPath);
+        else if (settings_.fsPath().empty())
+            settings_.setFsPath(with_.registeredSimulatorFolder());
+    }
+
+    [[nodiscard]] const std::string& input() const { return options_.operands.front(); }
+
+    void complain(const std::string& text) {
+        with_.write(ConsoleStream::error, "quillset-xml: " + text + "\n");
+    }
+
+    const CommandLine& options_;
+    const BatchEnvironment& with_;
+    SceneryDocument document_;
+    Configuration settings_;
+};
+
+} // namespace
+
+int runBatchCommand(const CommandLine& options, const BatchEnvironment& environment) {
+    return Batch(options, environment).run();
+}
+
+} // namespace quillset
