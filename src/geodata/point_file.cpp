@@ -152,7 +152,7 @@ std::vector<Run> runsOf(const std::vector<SkippedShape>& skipped) {
     return runs;
 }
 
-// "shapes 7, 9-11 (no coordinates); shapes 12 (deleted)"
+// "shapes 7, 9-11 (no coordinates); shape 12 (deleted)"
 std::string namesOf(const std::vector<SkippedShape>& skipped) {
     constexpr std::size_t most = 40;
     const std::vector<Run> runs = runsOf(skipped);
@@ -162,10 +162,10 @@ std::string namesOf(const std::vector<SkippedShape>& skipped) {
             return text + ", ...";
         const bool begins = i == 0 || runs[i - 1].fault != runs[i].fault;
         const bool ends = i + 1 == runs.size() || i + 1 == most || runs[i + 1].fault != runs[i].fault;
+        const bool alone = begins && ends && runs[i].first == runs[i].last;
+        text += i == 0 ? "" : begins ? "; " : ", ";
         if (begins)
-            text += i == 0 ? "shapes " : "; shapes ";
-        else
-            text += ", ";
+            text += alone ? "shape " : "shapes ";
         text += std::to_string(runs[i].first);
         if (runs[i].last != runs[i].first)
             text += "-" + std::to_string(runs[i].last);

@@ -134,15 +134,15 @@ TEST_F(ShapefileImport, BadShapesAreSkippedAndNamed) {
     const Row rows[] = {
         {[](TestShapefile&) {}, "4 points added"},
         {[](TestShapefile& f) { putLittleEndian(f.shp, 108 + 28, SHPT_NULL); },
-         "3 points added, 1 skipped: shapes 1 (no coordinates)"},
+         "3 points added, 1 skipped: shape 1 (no coordinates)"},
         {[](TestShapefile& f) { putLittleEndian(f.shp, 108 + 28, SHPT_POLYGON); },
-         "3 points added, 1 skipped: shapes 1 (damaged)"},
+         "3 points added, 1 skipped: shape 1 (damaged)"},
         {[](TestShapefile& f) { f.shp.resize(f.shp.size() - 28 - 10); },
          "2 points added, 2 skipped: shapes 2-3 (damaged)"},
         {[](TestShapefile& f) { putBigEndian(f.shx, 100 + 8, 0x70000000); },
-         "3 points added, 1 skipped: shapes 1 (damaged)"},
+         "3 points added, 1 skipped: shape 1 (damaged)"},
         {[](TestShapefile& f) { f.dbf[f.dbf.size() - 1 - 47 * 2] = '*'; },
-         "3 points added, 1 skipped: shapes 2 (deleted)"},
+         "3 points added, 1 skipped: shape 2 (deleted)"},
         {[](TestShapefile& f) { f.dbf.resize(f.dbf.size() - 50); },
          "2 points added, 2 skipped: shapes 2-3 (no record in the table)"},
         {[](TestShapefile& f) { putLittleEndian(f.dbf, 4, 1); },
@@ -165,7 +165,7 @@ TEST_F(ShapefileImport, BadShapesAreSkippedAndNamed) {
                             {1, 1e308, "C"},
                             {-1e308, 1, "D"},
                             {1, 1, "E"}})),
-        "2 points added, 4 skipped: shapes 2 (no coordinates); shapes 1, 3-4 (coordinates out of range)");
+        "2 points added, 4 skipped: shape 2 (no coordinates); shapes 1, 3-4 (coordinates out of range)");
 }
 
 // Whatever the bytes are: an error, or a result that accounts for every shape.
