@@ -20,7 +20,7 @@ namespace quillset {
 [[nodiscard]] std::string joinPath(std::string_view folder, std::string_view name);
 
 /// A path that means the same in every later run: made absolute from the working folder, without "." parts.
-/// ".." stays, since what it leads to depends on symbolic links.
+/// ".." stays where what it leads to depends on symbolic links; Windows takes it away by the text alone.
 [[nodiscard]] std::string absolutePath(std::string_view path);
 
 /// Lower case without regard to the locale: Latin, Greek and Cyrillic letters; invalid UTF-8 is kept as it

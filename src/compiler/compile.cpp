@@ -57,10 +57,7 @@ void reportForFile(const std::string& name, const std::string& problem, MessageS
 } // namespace
 
 std::string outputPath(std::string_view source) {
-    const std::string_view name = fileNameOf(source);
-    const std::size_t dot = name.rfind('.');
-    const std::size_t extension = dot == std::string_view::npos ? 0 : name.size() - dot;
-    return std::string(source.substr(0, source.size() - extension)) + ".bgl";
+    return toText(toPath(source).replace_extension(".bgl"));
 }
 
 std::optional<BglFile> compileBytes(std::string bytes, const std::string& name, const std::string& folder,

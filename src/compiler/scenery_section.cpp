@@ -78,6 +78,7 @@ ScenerySection buildScenerySection(const std::vector<SceneryObject>& objects, Ta
 
 std::vector<std::uint32_t> headerCells(const std::vector<CellRecords>& cells) {
     std::vector<std::uint32_t> header;
+    header.reserve(cells.size());
     for (const CellRecords& records : cells)
         header.push_back(records.cell >> (2 * (format::placementCellLevel - format::headerCellLevel)));
     keepDistinct(header); // they ascend, as the section's cells do

@@ -88,7 +88,7 @@ std::optional<std::size_t> PlacementRanges::innermostAt(const Place& place) cons
     if (behind == ranges_.begin())
         return std::nullopt;
     std::size_t index = static_cast<std::size_t>(behind - ranges_.begin()) - 1;
-    while (index != none && ranges_[index].end <= place)
+    while (index != none && !(place < ranges_[index].end))
         index = ranges_[index].parent;
     return index == none ? std::nullopt : std::optional(index);
 }

@@ -33,7 +33,9 @@ private:
         std::size_t line = 1;
         std::size_t column = 1;
 
-        auto operator<=>(const Place&) const = default;
+        [[nodiscard]] bool operator<(const Place& other) const {
+            return line != other.line ? line < other.line : column < other.column;
+        }
     };
     struct Range {
         Place first;

@@ -27,7 +27,11 @@ TEST(Paths, AbsolutePathsHoldInEveryFolder) {
     const std::string here = toText(std::filesystem::current_path());
     EXPECT_EQ(absolutePath("a.xml"), joinPath(here, "a.xml"));
     EXPECT_EQ(toPath(absolutePath("./b/./é.xml")), toPath(here) / toPath("b/é.xml"));
+#ifdef _WIN32
+    EXPECT_EQ(toPath(absolutePath("../a.xml")), toPath(here).parent_path() / "a.xml");
+#else
     EXPECT_EQ(toPath(absolutePath("../a.xml")), toPath(here) / ".." / "a.xml") << "may cross a symbolic link";
+#endif
     EXPECT_EQ(absolutePath(here), here);
 }
 

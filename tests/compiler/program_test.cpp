@@ -30,11 +30,13 @@ ProgramRun run(const TemporaryFolder& folder, const std::string& program, const 
                const std::string& before = {}) {
 #ifdef _WIN32
     const std::string exe = "\"" QUILLSET_BIN "/compiler/" + program + ".exe\"";
+    const std::string enter = "cd /d "; // the temporary folder may be on another drive
 #else
     const std::string exe = "'" QUILLSET_BIN "/compiler/" + program + "'";
+    const std::string enter = "cd ";
 #endif
     const TemporaryFolder out;
-    const std::string command = "cd \"" + folder.path() + "\" && " + before + exe + " " + arguments +
+    const std::string command = enter + "\"" + folder.path() + "\" && " + before + exe + " " + arguments +
                                 " > \"" + out.file("log") + "\" 2>&1";
     int code = std::system(command.c_str());
 #ifndef _WIN32

@@ -68,6 +68,8 @@ TEST_F(UndoJournalTest, AMissingOrDamagedSnapshotLeavesAnEmptyDocument) {
     EXPECT_TRUE(dialogs.messages[0].text.starts_with("Error 91 ("));
 }
 
+#ifndef _WIN32
+// Counting is the same on every system, and so many files in one folder take minutes under Wine.
 TEST_F(UndoJournalTest, TheStackEndsAtPosition32000) {
     document.create("new.xml");
     for (std::size_t i = 0; i < UndoJournal::maximumCount; ++i)
@@ -81,7 +83,6 @@ TEST_F(UndoJournalTest, TheStackEndsAtPosition32000) {
     EXPECT_EQ(journal.count(), 32001U);
 }
 
-#ifndef _WIN32
 TEST_F(UndoJournalTest, AFullDiskIsNamedAndLeavesNoHalfSnapshot) {
     open("<FSData><SceneryObject/></FSData>");
     std::filesystem::create_symlink("/dev/full", toPath(folder.file("undo0000.xml.part")));

@@ -69,7 +69,7 @@ Arguments parseArguments(const std::vector<std::string>& words) {
 }
 
 std::vector<std::string> resolvePattern(const std::string& pattern) {
-    const std::string namePattern = lowerCase(fileNameOf(pattern));
+    const std::string namePattern = lowerCase(toText(toPath(pattern).filename()));
     if (namePattern.find_first_of("*?") == std::string::npos || fileExists(pattern))
         return {pattern};
     const std::string folder = folderOf(pattern);
