@@ -172,7 +172,7 @@ void BM_ListEffects(benchmark::State& state) {
     for (int i = 0; i < 10'000; ++i)
         folder.write("fx_Effect" + std::to_string(i) + ".fx", "");
     for (auto _ : state)
-        if (fileNamesEndingIn(folder.path(), "fx").size() != 10'000)
+        if (filesEndingIn(folder.path(), "fx").usable.size() != 10'000)
             state.SkipWithError("files are missing");
 }
 

@@ -98,4 +98,18 @@ bool isNameCharacter(char32_t code) {
     return isIn(nameStartRanges, code) || isIn(furtherNameRanges, code);
 }
 
+std::string storableText(const std::string& text) {
+    std::string stored;
+    const char* const end = text.c_str() + text.size();
+    for (const char* at = text.c_str(); at != end;) {
+        const Utf8Character character = utf8At(at);
+        if (character.length > 0 && isXmlCharacter(character.code))
+            stored.append(at, character.length);
+        else
+            stored += "\uFFFD";
+        at += std::max(character.length, 1U);
+    }
+    return stored;
+}
+
 } // namespace quillset

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 namespace quillset {
 
@@ -84,5 +85,8 @@ unsigned putUtf8(char32_t code, char* out);
 [[nodiscard]] bool isXmlCharacter(char32_t code);
 [[nodiscard]] bool isNameStart(char32_t code);
 [[nodiscard]] bool isNameCharacter(char32_t code);
+
+/// The text with U+FFFD in the place of whatever XML cannot hold; unchanged when it can hold all of it.
+[[nodiscard]] std::string storableText(const std::string& text);
 
 } // namespace quillset

@@ -40,7 +40,7 @@ public:
         }
         const NodeId group = nodes_.add(root, NodeKind::effectsGroup, "effects", "Effects");
         reportingDuplicates("rescanObjTree", [&] {
-            for (const std::string& name : fileNamesEndingIn(*folder, "fx"))
+            for (const std::string& name : filesEndingIn(*folder, "fx").usable)
                 nodes_.add(group, NodeKind::effect, name, name);
         });
     }

@@ -4,6 +4,7 @@
 #include "base/xml_characters.h"
 
 #include <algorithm>
+#include <compare>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -14,48 +15,75 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A name goes into the document as it is; one broken name would make the whole document unreadable.
-bool fitsXml(const std::string& name) {
-    const char* const end = name.c_str() + name.size();
-    for (const char* at = name.c_str(); at != end;) {
-        const Utf8Character character = utf8At(at);
-        if (character.length == 0 || !isXmlCharacter(character.code))
-            return false;
-        at += character.length;
+struct Name {
+    std::string folded;
+    std::string text;
+
+    auto operator<=>(const Name&) const = default;
+};
+
+// The name as it can be shown; one of half a UTF-16 pair cannot be converted.
+std::string shownName(const fs::path& name) {
+    std::string shown;
+    for (const auto unit : name.native()) {
+        if (unit >= ' ' && unit < 0x7F)
+            shown += static_cast<char>(unit);
+        else
+            shown += "\uFFFD";
     }
-    return true;
+    return shown;
 }
 
-std::optional<std::string> nameOf(const fs::path& path) {
-    try {
-        std::string name = toText(path.filename());
-        return fitsXml(name) ? std::optional(std::move(name)) : std::nullopt;
-    } catch (const std::system_error&) {
-        return std::nullopt; // not convertible: half a UTF-16 pair
-    }
+std::vector<std::string> sorted(std::vector<Name> names) {
+    std::sort(names.begin(), names.end());
+    std::vector<std::string> texts;
+    texts.reserve(names.size());
+    for (Name& name : names)
+        texts.push_back(std::move(name.text));
+    return texts;
 }
+
+class NameCollector {
+public:
+    explicit NameCollector(std::string_view ending)
+        : ending_(ending) {}
+
+    void add(const fs::path& name) {
+        try {
+            std::string text = toText(name);
+            std::string stored = storableText(text);
+            // A name goes into the document as it is; one broken name would change or spoil it.
+            const bool usable = stored == text;
+            addTo(usable ? usable_ : unusable_, std::move(stored));
+        } catch (const std::system_error&) {
+            addTo(unusable_, shownName(name));
+        }
+    }
+    FileNames names() && { return {sorted(std::move(usable_)), sorted(std::move(unusable_))}; }
+
+private:
+    void addTo(std::vector<Name>& names, std::string text) const {
+        std::string folded = lowerCase(text);
+        if (folded.ends_with(ending_))
+            names.push_back({std::move(folded), std::move(text)});
+    }
+
+    std::string_view ending_;
+    std::vector<Name> usable_;
+    std::vector<Name> unusable_;
+};
 
 } // namespace
 
-std::vector<std::string> fileNamesEndingIn(const std::string& folder, std::string_view ending) {
-    std::vector<std::pair<std::string, std::string>> found; // folded name, name
+FileNames filesEndingIn(const std::string& folder, std::string_view ending) {
+    NameCollector collector(ending);
     std::error_code failed;
     for (fs::directory_iterator it(toPath(folder), failed), end; !failed && it != end; it.increment(failed)) {
         std::error_code unknown; // a link in a circle, or no right to look
-        if (!it->is_regular_file(unknown))
-            continue;
-        if (std::optional<std::string> name = nameOf(it->path())) {
-            std::string folded = lowerCase(*name);
-            if (folded.ends_with(ending))
-                found.emplace_back(std::move(folded), std::move(*name));
-        }
+        if (it->is_regular_file(unknown))
+            collector.add(it->path().filename());
     }
-    std::sort(found.begin(), found.end());
-    std::vector<std::string> names;
-    names.reserve(found.size());
-    for (auto& [folded, name] : found)
-        names.push_back(std::move(name));
-    return names;
+    return std::move(collector).names();
 }
 
 std::optional<std::string> effectsFolder(const std::string& simulatorFolder) {

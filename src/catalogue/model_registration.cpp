@@ -1,14 +1,35 @@
 #include "catalogue/model_registration.h"
 
 #include "base/paths.h"
+#include "base/runtime_error.h"
+#include "base/xml_characters.h"
 #include "catalogue/folder_listing.h"
 #include "catalogue/guid_text.h"
 #include "catalogue/library_registration.h"
 
+#include <algorithm>
 #include <unordered_set>
 #include <utility>
 
 namespace quillset {
+
+namespace {
+
+// What XML cannot hold would be stored as something else, and the model never be found.
+void requireStorable(const std::string& path) {
+    if (const std::string stored = storableText(path); stored != path)
+        throw RuntimeError(ErrorNumber::pathAccess, "A scenery file cannot hold this name: " + stored);
+}
+
+std::string exceptionsOf(const std::vector<std::string>& names) {
+    constexpr std::size_t told = 5;
+    std::string text;
+    for (std::size_t i = 0; i < std::min(names.size(), told); ++i)
+        text += (i == 0 ? ", but not (a scenery file cannot hold the name): " : ", ") + names[i];
+    return names.size() > told ? text + " and " + std::to_string(names.size() - told) + " more" : text;
+}
+
+} // namespace
 
 bool ModelRegistration::addModel() {
     bool changed = false;
@@ -37,45 +58,51 @@ bool ModelRegistration::addChosenModel() {
         {"Select MDL file", "MDL file (*.mdl)|*.mdl|", {}, startFolderOf(with_.configuration.modelPath())});
     if (path.empty())
         return false;
+    requireStorable(path);
+    const std::vector<CatalogueModel> known = with_.models.models();
+    const bool declared =
+        std::ranges::any_of(known, [&](const CatalogueModel& model) { return model.sourceFile == path; });
+    const std::vector<CatalogueModel> models = declared ? std::vector<CatalogueModel>() : newModels({path});
     // Deliberate: snapshot and folder are kept also when the model turns out to be declared already.
     with_.models.recordSnapshot(ModelEdit::add);
     with_.configuration.setModelPath(path);
-    for (const CatalogueModel& model : with_.models.models()) {
-        if (model.sourceFile == path) {
-            with_.activity.show(path + " already in XML file");
-            return false;
-        }
-    }
-    declare({&path, 1});
-    with_.activity.show(path + " added as local MDL object");
-    return true;
+    declare(models);
+    with_.activity.show(path + (declared ? " already in XML file" : " added as local MDL object"));
+    return !declared;
 }
 
 bool ModelRegistration::addModelsOf(const std::string& folder) {
-    with_.models.recordSnapshot(ModelEdit::add);
+    requireStorable(folder);
     std::unordered_set<std::string> known;
     for (CatalogueModel& model : with_.models.models())
         known.insert(std::move(model.sourceFile));
+    const FileNames files = filesEndingIn(folder, "mdl");
     std::vector<std::string> paths;
-    for (const std::string& name : fileNamesEndingIn(folder, "mdl")) {
+    for (const std::string& name : files.usable) {
         std::string path = joinPath(folder, name);
         if (!known.contains(path))
             paths.push_back(std::move(path));
     }
-    declare(paths);
-    with_.activity.show("All MDL object in " + folder + " added");
-    return !paths.empty();
+    const std::vector<CatalogueModel> models = newModels(std::move(paths));
+    with_.models.recordSnapshot(ModelEdit::add);
+    declare(models);
+    with_.activity.show("All MDL object in " + folder + " added" + exceptionsOf(files.unusable));
+    return !models.empty();
 }
 
-void ModelRegistration::declare(std::span<const std::string> paths) {
+std::vector<CatalogueModel> ModelRegistration::newModels(std::vector<std::string> paths) {
     std::vector<CatalogueModel> models;
     models.reserve(paths.size());
-    for (const std::string& path : paths) {
+    for (std::string& path : paths) {
         std::string guid = newGuidText(with_.guids);
         if (guid.empty())
             throw RuntimeError(ErrorNumber::internalError, "The system could not create a new GUID");
-        models.push_back({std::move(guid), path});
+        models.push_back({std::move(guid), std::move(path)});
     }
+    return models;
+}
+
+void ModelRegistration::declare(const std::vector<CatalogueModel>& models) {
     if (models.empty())
         return;
     with_.models.add(models);

@@ -6,7 +6,6 @@
 #include "catalogue/catalogue_tree.h"
 #include "catalogue/registration.h"
 
-#include <span>
 #include <string>
 #include <vector>
 
@@ -41,8 +40,10 @@ private:
     bool addChosenModel();
     bool addModelsOf(const std::string& folder);
     bool removeSelectedModel();
-    /// Gives each path a new GUID before anything is changed: nothing is declared when one cannot be made.
-    void declare(std::span<const std::string> paths);
+    /// Gives each path a new GUID; throws RuntimeError when one cannot be made. To be called before anything
+    /// is changed, the snapshot included.
+    [[nodiscard]] std::vector<CatalogueModel> newModels(std::vector<std::string> paths);
+    void declare(const std::vector<CatalogueModel>& models);
 
     Collaborators with_;
 };

@@ -9,6 +9,9 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QTimer>
+
+#include <utility>
 
 namespace quillset {
 
@@ -262,6 +265,14 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
         event->ignore();
     else
         event->accept();
+}
+
+void MDIForm1::paintEvent(QPaintEvent* event) {
+    QMainWindow::paintEvent(event);
+    // The other widgets paint, and the picture is brought to the screen, before this call returns to the
+    // event loop.
+    if (firstShown_)
+        QTimer::singleShot(0, this, std::exchange(firstShown_, {}));
 }
 
 void MDIForm1::resizeEvent(QResizeEvent* event) {

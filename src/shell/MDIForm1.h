@@ -39,6 +39,9 @@ public:
     /// What runs when the main window has been told to close; false keeps it open.
     void setShutDown(std::function<bool()> action) { shutDown_ = std::move(action); }
 
+    /// What runs once, when the window's first picture is on the screen.
+    void setFirstShown(std::function<void()> action) { firstShown_ = std::move(action); }
+
     /// Lays out the tool windows as the configuration says.
     void dockWindows();
     /// Remembers size, place and the exact arrangement of the docks for the next run.
@@ -61,6 +64,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void buildStatusBar();
@@ -81,6 +85,7 @@ private:
     std::array<StatusPanel*, 3> panels_{};
     std::function<void(std::size_t)> openRecent_;
     std::function<bool()> shutDown_;
+    std::function<void()> firstShown_;
     std::vector<Connection> connections_;
 };
 

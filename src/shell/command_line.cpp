@@ -55,6 +55,8 @@ public:
         }
         if (error_.empty())
             assignOperands();
+        if (error_.empty() && options_.recordSimulator && options_.replaySimulator)
+            error_ = "a replay cannot be recorded: give '--record-simulator' or '--replay-simulator'";
         if (!error_.empty())
             return failure(error_);
         return {options_, {}};

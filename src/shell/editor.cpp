@@ -197,12 +197,13 @@ bool Editor::start() {
         options.windowsFolder = folder;
     if (startUp(session_, *this, options) == StartUpOutcome::programEnds)
         return false;
-    window_->show();
-    // Once the window is painted: a simulator that does not answer would hold up its first picture.
-    QTimer::singleShot(250, window_.get(), [this] {
+    // A simulator that does not answer would hold up the window's first picture.
+    window_->setFirstShown([this] {
         link_.start();
         timer_.start();
     });
+    window_->show();
+    timer_.start(); // a window that stays out of sight gets its link too
     if (!options_.file.empty())
         documentCommands_.openFile(options_.file);
     return true;

@@ -33,7 +33,7 @@ KnownObjects::KnownObjects(const CatalogueSources& sources) {
         read(path, readRwy12Library);
     if (const std::optional<std::string> folder = effectsFolder(sources.simulatorFolder)) {
         effects_.emplace();
-        for (const std::string& name : fileNamesEndingIn(*folder, "fx"))
+        for (const std::string& name : filesEndingIn(*folder, "fx").usable)
             effects_->insert(effectKey(name));
     }
 }

@@ -45,13 +45,14 @@ std::unique_ptr<SimulatorServices> simulatorFor(const CommandLine& options, cons
                                    : std::move(services);
 }
 
-// These paths are kept in the settings, and the next run may begin in another folder.
+// Paths are kept in the settings, where the next run may begin in another folder, and are told in messages.
 CommandLine withAbsolutePaths(CommandLine options) {
     if (!options.file.empty())
         options.file = absolutePath(options.file);
-    for (std::optional<std::string>* const folder : {&options.fsPath, &options.programFolder})
-        if (*folder)
-            *folder = absolutePath(**folder);
+    for (std::optional<std::string>* const path :
+         {&options.fsPath, &options.programFolder, &options.recordSimulator, &options.replaySimulator})
+        if (*path)
+            *path = absolutePath(**path);
     return options;
 }
 

@@ -19,15 +19,29 @@ std::string textOf(const fsuipc::Record& record) {
            fsuipc::hexText(record.data);
 }
 
+// A mistyped name must not cost the user a file: only a recording is written over.
+std::ofstream createdFile(const std::string& path) {
+    if (fileExists(path)) {
+        std::ifstream file(toPath(path), std::ios::binary);
+        std::string first(recordingHeading.size(), '\0');
+        file.read(first.data(), static_cast<std::streamsize>(first.size()));
+        if (file.gcount() > 0 && first != recordingHeading)
+            throw RuntimeError(ErrorNumber::fileExists,
+                               "The recording would replace a file that is no recording: " + path);
+    }
+    std::ofstream file(toPath(path), std::ios::binary);
+    if (!file)
+        throw RuntimeError(ErrorNumber::pathAccess, "The recording cannot be created: " + path);
+    return file;
+}
+
 class Recorder : public SimulatorServices {
 public:
     Recorder(std::unique_ptr<SimulatorServices> services, const std::string& path, const Clock& clock)
         : services_(std::move(services))
-        , file_(toPath(path), std::ios::binary)
+        , file_(createdFile(path))
         , clock_(clock) {
-        if (!file_)
-            throw RuntimeError(ErrorNumber::pathAccess, "The recording cannot be created: " + path);
-        line("Quillset simulator recording 1");
+        line(std::string(recordingHeading));
         line("# " + clock_.timeText());
         line(std::string("supported = ") + (services_->supported() ? "1" : "0"));
     }

@@ -9,6 +9,9 @@
 
 namespace quillset {
 
+/// The first line of each recording.
+inline constexpr std::string_view recordingHeading = "Quillset simulator recording 1";
+
 /// Services that pass everything on and write it down, so that a user's trouble with the simulator can be
 /// looked at elsewhere. The recording is a text file, one question and its answer a line:
 ///
@@ -17,7 +20,7 @@ namespace quillset {
 ///
 /// Exchanges are the bytes of the block before and after; lines that begin with "#" are for people: the time
 /// of day, and each request with its data. Lines are on the disk at once. Throws RuntimeError when the file
-/// cannot be created; the clock must outlive the services.
+/// cannot be created, or is there and no older recording; the clock must outlive the services.
 [[nodiscard]] std::unique_ptr<SimulatorServices>
 recordedServices(std::unique_ptr<SimulatorServices> services, const std::string& path, const Clock& clock);
 

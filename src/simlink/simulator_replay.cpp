@@ -13,7 +13,6 @@ namespace {
 
 using Bytes = std::vector<std::byte>;
 
-constexpr std::string_view heading = "Quillset simulator recording 1";
 constexpr std::string_view separator = " = ";
 
 struct Answer {
@@ -172,7 +171,7 @@ std::string_view takeLine(std::string_view& text) {
 } // namespace
 
 Replay replayedServices(std::string_view recording) {
-    if (takeLine(recording) != heading)
+    if (takeLine(recording) != recordingHeading)
         return {nullptr, "The file is no recording of the simulator link"};
     Script script;
     for (std::size_t number = 2; !recording.empty(); ++number) {

@@ -10,6 +10,15 @@ HANDLE handleOf(SharedBlock block) {
     return reinterpret_cast<HANDLE>(static_cast<std::uintptr_t>(block));
 }
 
+// A thread that does not ask for its messages is taken for hung after 5 s: the system then shows an old
+// picture of its windows and offers to end the program. Asking also brings to the screen what was painted.
+// No message of this number is ever there, so none is taken out of its order.
+void showSignOfLife() {
+    MSG message{};
+    constexpr UINT nobodys = 0xBFFF;
+    PeekMessageA(&message, nullptr, nobodys, nobodys, PM_NOREMOVE);
+}
+
 class WindowsServices : public SimulatorServices {
 public:
     bool supported() const override { return true; }
@@ -58,7 +67,10 @@ public:
     void unmapBlock(std::byte* view) override { UnmapViewOfFile(view); }
 
     std::uint32_t processId() override { return GetCurrentProcessId(); }
-    void sleep(std::chrono::milliseconds time) override { Sleep(static_cast<DWORD>(time.count())); }
+    void sleep(std::chrono::milliseconds time) override {
+        showSignOfLife();
+        Sleep(static_cast<DWORD>(time.count()));
+    }
 };
 
 } // namespace

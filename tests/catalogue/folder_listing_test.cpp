@@ -13,10 +13,10 @@ TEST(FolderListing, TakesFilesByTheEndOfTheirNamesSortedWithoutCase) {
     for (const char* name : {"b.fx", "A.FX", "fx_Zündung.fX", "smokefx", "C.Fx", "fx.txt", "x.fx.bak", "f"})
         folder.write(name, "");
     folder.write("folder.fx/inner.fx", "");
-    EXPECT_EQ(fileNamesEndingIn(folder.path(), "fx"),
+    EXPECT_EQ(filesEndingIn(folder.path(), "fx").usable,
               (Names{"A.FX", "b.fx", "C.Fx", "fx_Zündung.fX", "smokefx"}));
-    EXPECT_EQ(fileNamesEndingIn(folder.file("none"), "fx"), Names{});
-    EXPECT_EQ(fileNamesEndingIn(folder.file("b.fx"), "fx"), Names{});
+    EXPECT_EQ(filesEndingIn(folder.file("none"), "fx").usable, Names{});
+    EXPECT_EQ(filesEndingIn(folder.file("b.fx"), "fx").usable, Names{});
 }
 
 TEST(FolderListing, FindsTheEffectsFolderHoweverItIsSpelled) {
@@ -26,7 +26,7 @@ TEST(FolderListing, FindsTheEffectsFolderHoweverItIsSpelled) {
     folder.write("EFFECTS/a.fx", "");
     const auto found = effectsFolder(folder.path());
     ASSERT_TRUE(found);
-    EXPECT_EQ(fileNamesEndingIn(*found, "fx"), Names{"a.fx"});
+    EXPECT_EQ(filesEndingIn(*found, "fx").usable, Names{"a.fx"});
 }
 
 } // namespace

@@ -22,7 +22,9 @@ TEST(OddFiles, AFolderListingLeavesOutWhatIsNoFileOrHasNoUsableName) {
     fs::create_symlink("good.fx", toPath(folder.file("linked.fx")));
     fs::create_directory_symlink(".", toPath(folder.file("self.fx")));
     ASSERT_EQ(mkfifo(folder.file("pipe.fx").c_str(), 0600), 0);
-    EXPECT_EQ(fileNamesEndingIn(folder.path(), "fx"), (Names{"good.fx", "linked.fx"}));
+    const FileNames files = filesEndingIn(folder.path(), "fx");
+    EXPECT_EQ(files.usable, (Names{"good.fx", "linked.fx"}));
+    EXPECT_EQ(files.unusable, (Names{"bell\uFFFD.fx", "cut\uFFFD.fx"}));
 }
 
 TEST(OddFiles, ANameMayHoldEveryCharacterThatXmlTextCan) {
@@ -34,7 +36,7 @@ TEST(OddFiles, ANameMayHoldEveryCharacterThatXmlTextCan) {
         folder.write(name, "");
     for (const std::string& name : bad)
         folder.write(name, "");
-    EXPECT_EQ(fileNamesEndingIn(folder.path(), "fx"), good);
+    EXPECT_EQ(filesEndingIn(folder.path(), "fx").usable, good);
 }
 
 TEST(OddFiles, APipeOrAFolderIsNoLibraryAndDoesNotBlock) {

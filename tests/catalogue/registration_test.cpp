@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <functional>
 
 namespace quillset::test {
@@ -253,8 +254,54 @@ TEST_F(RegistrationTest, WithoutAGuidNothingIsDeclared) {
     EXPECT_FALSE(models.addModelFolder());
     EXPECT_EQ(messageTexts(), (Lines{"Error 51 (The system could not create a new GUID) in procedure "
                                      "mAddMDLFolder_Click of Form MDIForm1"}));
-    EXPECT_EQ(steps, (Lines{"snapshot add"}));
+    guids.made = guids.failsAt;
+    dialogs.paths = {"c:/a.mdl"};
+    EXPECT_FALSE(models.addModel());
+    EXPECT_EQ(messageTexts().size(), 2U);
+    EXPECT_EQ(steps, Lines{}) << "not even a snapshot, which Undo would offer";
     EXPECT_EQ(activity.text(), "");
+}
+
+TEST_F(RegistrationTest, AFolderOfTenThousandFilesIsOneEdit) {
+    namespace fs = std::filesystem;
+    for (int i = 0; i < 10'000; ++i)
+        folder.write("m/" + std::to_string(10'000 + i) + (i % 2 == 0 ? " Stra\u00DFe \u5927.MDL" : ".txt"),
+                     "");
+    fs::create_directory(toPath(folder.file("m/folder.mdl")));
+    fs::permissions(toPath(folder.file("m/10002 Stra\u00DFe \u5927.MDL")), fs::perms::none);
+    dialogs.paths = {folder.file("m")};
+    EXPECT_TRUE(models.addModelFolder());
+    EXPECT_EQ(steps, (Lines{"snapshot add", "add 5000", "nodes", "select " + guidNumber(5000)}));
+    EXPECT_EQ(sources.documentModels[1].sourceFile,
+              joinPath(folder.file("m"), "10002 Stra\u00DFe \u5927.MDL"))
+        << "models are not opened, so that this one cannot be read does not matter";
+    const Lines shown = below("local");
+    ASSERT_EQ(shown.size(), 5000U);
+    EXPECT_EQ(shown.back(), guidNumber(5000) + "=19998 Stra\u00DFe \u5927.MDL");
+    steps.clear();
+    dialogs.paths = {folder.file("m")};
+    EXPECT_FALSE(models.addModelFolder());
+    EXPECT_EQ(steps, Lines{"snapshot add"}) << "all of them are known now";
+}
+
+TEST_F(RegistrationTest, NamesThatTheDocumentCannotHoldAreTold) {
+    dialogs.paths = {"c:/be\all.mdl"};
+    EXPECT_FALSE(models.addModel());
+    EXPECT_EQ(messageTexts(), (Lines{"Error 75 (A scenery file cannot hold this name: c:/be\uFFFDll.mdl) in "
+                                     "procedure mAddMDL_Click of Form MDIForm1"}));
+    EXPECT_EQ(steps, Lines{});
+    if (std::filesystem::path::preferred_separator == '\\')
+        GTEST_SKIP() << "this system has no files of such names";
+    folder.write("m/good.mdl", "");
+    for (int i = 1; i <= 7; ++i)
+        folder.write("m/" + std::to_string(i) + "\xC3.mdl", "");
+    dialogs.paths = {folder.file("m")};
+    EXPECT_TRUE(models.addModelFolder());
+    EXPECT_EQ(sources.documentModels.size(), 1U);
+    EXPECT_EQ(activity.text(),
+              "[14:02:11] All MDL object in " + folder.file("m") +
+                  " added, but not (a scenery file cannot hold the name): 1\uFFFD.mdl, 2\uFFFD.mdl, "
+                  "3\uFFFD.mdl, 4\uFFFD.mdl, 5\uFFFD.mdl and 2 more");
 }
 
 } // namespace

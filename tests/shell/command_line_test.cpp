@@ -47,6 +47,7 @@ TEST(CommandLine, WhatItDoesNotUnderstandIsAnError) {
         {{"--check", "a.xml", "--format"}, "'--check' and '--format' cannot be combined"},
         {{"--json", "a.xml"}, "option '--json' belongs to '--check'"},
         {{"--check=a.xml"}, "unknown option '--check=a.xml'"},
+        {{"--record-simulator", "a.txt", "--replay-simulator=b.txt"}, "a replay cannot be recorded"},
     };
     for (const auto& row : rows)
         EXPECT_NE(parseCommandLine(row.arguments).error.find(row.problem), std::string::npos) << row.problem;

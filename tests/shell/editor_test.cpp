@@ -1,8 +1,6 @@
-#include "shell/editor.h"
+#include "editor_run.h"
 
 #include "document/frmXMLList.h"
-#include "support/scripted_dialogs.h"
-#include "support/temporary_folder.h"
 
 #include <QAbstractItemView>
 #include <QDockWidget>
@@ -18,64 +16,14 @@
 #include <optional>
 
 using namespace quillset;
-
-namespace {
-
-// An editor with windows, in a folder of its own, that has just been started.
-struct Run {
-    explicit Run(const test::TemporaryFolder& folder, const std::string& file = {}) {
-        options.fsPath = folder.file("fs");
-        options.file = file;
-        const std::string program = folder.file("program");
-        editor.emplace(EditorEnvironment{options,
-                                         {program, program, program},
-                                         dialogs,
-                                         *simulator,
-                                         [] { return std::string(); },
-                                         [this] { ++ended; }});
-        started = editor->start();
-        editor->window().activateWindow();
-        if (!QTest::qWaitForWindowActive(&editor->window()))
-            qFatal("the main window does not become active");
-        // The message about the simulator's module comes at every start here.
-        dialogs.messages.clear();
-    }
-
-    [[nodiscard]] QAction* action(const char* name) { return editor->window().commands().action(name); }
-    [[nodiscard]] QWidget* widget(const char* name) {
-        return editor->window().findChild<QWidget*>(QLatin1String(name));
-    }
-    [[nodiscard]] QAbstractItemView* list() {
-        return editor->window().findChild<QAbstractItemView*>(QStringLiteral("XMLList"));
-    }
-
-    CommandLine options;
-    test::ScriptedDialogs dialogs;
-    std::unique_ptr<SimulatorServices> simulator = systemSimulatorServices();
-    int ended = 0;
-    bool started = false;
-    std::optional<Editor> editor;
-};
-
-std::string document(const test::TemporaryFolder& folder, const char* name, int count) {
-    std::string text = "<FSData version=\"9.0\">";
-    for (int i = 1; i <= count; ++i)
-        text += "<!--Object " + std::to_string(i) + "--><SceneryObject lat=\"" + std::to_string(i) +
-                "\" lon=\"5\"><LibraryObject name=\"AA01\" scale=\"1.0\"/></SceneryObject>";
-    return folder.write(name, text + "</FSData>");
-}
-
-} // namespace
+using namespace quillset::test;
 
 class EditorTest : public QObject {
     Q_OBJECT
 private slots:
     void init() {
         folder_.emplace();
-        folder_->write("program/generic.xml",
-                       "<Objects><LibraryObject><n>Hangar</n><g>AA01</g></LibraryObject>"
-                       "<LibraryObject><n>Tower</n><g>AA02</g></LibraryObject></Objects>");
-        folder_->write("fs/effects/smoke.fx", "[x]");
+        writeProgramFiles(*folder_);
     }
 
     void newAddAndSaveByKeys();
@@ -91,11 +39,11 @@ private slots:
     void aCompileMessageLeadsToItsPlacement();
 
 private:
-    std::optional<test::TemporaryFolder> folder_;
+    std::optional<TemporaryFolder> folder_;
 };
 
 void EditorTest::newAddAndSaveByKeys() {
-    Run run(*folder_);
+    EditorRun run(*folder_);
     QVERIFY(run.started);
     MDIForm1& window = run.editor->window();
     QVERIFY(!window.documentArea().showsDocument());
@@ -125,7 +73,7 @@ void EditorTest::newAddAndSaveByKeys() {
 }
 
 void EditorTest::listKeysActInTheListOnly() {
-    Run run(*folder_, document(*folder_, "a.xml", 3));
+    EditorRun run(*folder_, document(*folder_, "a.xml", 3));
     run.editor->window().activateWindow();
     run.list()->setFocus();
     QTest::keyClick(run.list(), Qt::Key_Down, Qt::AltModifier);
@@ -141,7 +89,7 @@ void EditorTest::listKeysActInTheListOnly() {
 }
 
 void EditorTest::newKeepsTheOldRowsInViewButOutOfReach() {
-    Run run(*folder_, document(*folder_, "a.xml", 2));
+    EditorRun run(*folder_, document(*folder_, "a.xml", 2));
     run.dialogs.answers = {Answer::no};
     run.dialogs.paths = {folder_->file("b.xml")};
     run.action("mNew")->trigger();
@@ -201,7 +149,7 @@ void EditorTest::everyTrapIsWhereItBelongs() {
     QFETCH(const QString, form);
     QFETCH(const QString, trigger);
     QFETCH(const bool, ends);
-    Run run(*folder_, document(*folder_, "a.xml", 3));
+    EditorRun run(*folder_, document(*folder_, "a.xml", 3));
     MDIForm1& window = run.editor->window();
     run.editor->session().list().moveDown();
     run.editor->session().list().setProperty(1, 1, "9");
@@ -251,7 +199,7 @@ void EditorTest::everyTrapIsWhereItBelongs() {
 
 void EditorTest::layoutComesBack() {
     {
-        Run run(*folder_);
+        EditorRun run(*folder_);
         DockHost& docks = run.editor->window().docks();
         docks.apply(QStringLiteral("frmObjTree"), {4, true, true});
         docks.apply(QStringLiteral("frmObjProp"), {2, true, false});
@@ -259,7 +207,7 @@ void EditorTest::layoutComesBack() {
         run.editor->window().close();
         QVERIFY(run.dialogs.messages.empty());
     }
-    Run again(*folder_);
+    EditorRun again(*folder_);
     DockHost& docks = again.editor->window().docks();
     QCOMPARE(docks.layout(QStringLiteral("frmObjTree")), (WindowLayout{4, true, true}));
     QCOMPARE(docks.layout(QStringLiteral("frmObjProp")), (WindowLayout{2, true, false}));
@@ -271,14 +219,14 @@ void EditorTest::layoutComesBack() {
 void EditorTest::damagedLayoutLeavesTheWindowsInTheirPlaces() {
     folder_->write("program/config.xml",
                    "<Configuration><FsPath>x</FsPath><MDLPath/><XMLPath/></Configuration>");
-    Run run(*folder_);
+    EditorRun run(*folder_);
     QVERIFY(run.started);
     for (const char* const name : {"frmObjTree", "frmPreview", "frmObjProp"})
         QVERIFY2(run.editor->window().docks().layout(QLatin1String(name)).align != 0, name);
 }
 
 void EditorTest::dockablePanelToggles() {
-    Run run(*folder_);
+    EditorRun run(*folder_);
     QWidget* const panel = run.widget("panel2");
     QDockWidget* const dock = run.editor->window().docks().dock(QStringLiteral("frmObjTree"));
     QVERIFY(dock->features().testFlag(QDockWidget::DockWidgetMovable));
@@ -292,7 +240,7 @@ void EditorTest::dockablePanelToggles() {
 }
 
 void EditorTest::recentFilesKeepTheirAmpersands() {
-    Run run(*folder_, document(*folder_, "salt & pepper.xml", 1));
+    EditorRun run(*folder_, document(*folder_, "salt & pepper.xml", 1));
     QAction* const first = run.action("mLastFile(0)");
     QVERIFY(first->isVisible());
     QVERIFY(first->text().endsWith(QLatin1String("salt && pepper.xml")));
@@ -303,7 +251,7 @@ void EditorTest::recentFilesKeepTheirAmpersands() {
 }
 
 void EditorTest::closingTheMainWindowAsksNothing() {
-    Run run(*folder_, document(*folder_, "a.xml", 1));
+    EditorRun run(*folder_, document(*folder_, "a.xml", 1));
     run.editor->session().list().removeObject();
     QVERIFY(folder_->has("program/undo0000.xml"));
     run.editor->window().close();
@@ -313,7 +261,7 @@ void EditorTest::closingTheMainWindowAsksNothing() {
 }
 
 void EditorTest::aCompileMessageLeadsToItsPlacement() {
-    Run run(*folder_, document(*folder_, "a.xml", 3));
+    EditorRun run(*folder_, document(*folder_, "a.xml", 3));
     const std::string source = run.editor->session().document().serialise();
     const std::string message =
         "compile.xml(1," + std::to_string(source.rfind("<LibraryObject") + 1) + "): error: no such object";

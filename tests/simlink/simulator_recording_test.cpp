@@ -105,11 +105,27 @@ TEST(SimulatorRecording, DamagedRecordingsNameTheLine) {
     EXPECT_EQ(replayedServices(tooLong).services, nullptr);
 }
 
-TEST(SimulatorRecording, AFileThatCannotBeCreatedIsAnError) {
+TEST(SimulatorRecording, OnlyAnOlderRecordingIsWrittenOver) {
+    const TemporaryFolder folder;
     const FixedClock clock;
-    EXPECT_THROW(
-        (void)recordedServices(std::make_unique<InProcessSimulator>(), "no-such-folder/link.txt", clock),
-        RuntimeError);
+    const auto record = [&](const std::string& path) {
+        (void)recordedServices(std::make_unique<InProcessSimulator>(), path, clock);
+    };
+    record(folder.file("new.txt"));
+    const std::string recorded = folder.read("new.txt");
+    EXPECT_FALSE(recorded.empty());
+    folder.write("new.txt", recorded + "find UIPCMAIN = 1\n");
+    record(folder.file("new.txt"));
+    EXPECT_EQ(folder.read("new.txt"), recorded);
+    record(folder.write("empty.txt", ""));
+    EXPECT_EQ(folder.read("empty.txt"), recorded);
+    for (const std::string text :
+         {"<FSData/>", "Quillset simulator recording", "a longer text of something else"}) {
+        EXPECT_THROW(record(folder.write("mine.xml", text)), RuntimeError);
+        EXPECT_EQ(folder.read("mine.xml"), text);
+    }
+    EXPECT_THROW(record(folder.file("no-such-folder/link.txt")), RuntimeError);
+    EXPECT_THROW(record(folder.path()), RuntimeError);
 }
 
 } // namespace
