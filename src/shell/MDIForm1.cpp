@@ -199,6 +199,9 @@ void MDIForm1::dockWindows() {
         docks_.apply(QStringLiteral("frmCoorConv"), {4, false, false});
     resizeDocks({docks_.dock(QStringLiteral("frmObjTree")), docks_.dock(QStringLiteral("frmObjProp"))},
                 {300, 320}, Qt::Horizontal);
+    // Else the sheet, which has rows to show, would leave the preview above it no room at all.
+    resizeDocks({docks_.dock(QStringLiteral("frmPreview")), docks_.dock(QStringLiteral("frmObjProp"))},
+                {280, 440}, Qt::Vertical);
     restoreGeometry(QByteArray::fromBase64(
         QByteArray::fromStdString(session_.configuration().extra(arrangement, "geometry"))));
     restoreState(QByteArray::fromBase64(

@@ -200,6 +200,7 @@ void EditorTest::everyTrapIsWhereItBelongs() {
 void EditorTest::layoutComesBack() {
     {
         EditorRun run(*folder_);
+        QVERIFY2(run.widget("frmPreview")->height() > 150, "the first start leaves it room");
         DockHost& docks = run.editor->window().docks();
         docks.apply(QStringLiteral("frmObjTree"), {4, true, true});
         docks.apply(QStringLiteral("frmObjProp"), {2, true, false});
