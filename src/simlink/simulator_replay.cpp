@@ -2,6 +2,7 @@
 #include "simlink/simulator_recording.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <map>
 #include <optional>
@@ -72,12 +73,25 @@ std::optional<Answer> answerOf(std::string_view text) {
     return answer;
 }
 
+// A damaged question would never be asked, and its answer silently be missing.
+bool isQuestion(std::string_view text) {
+    constexpr std::array<std::string_view, 3> plain{"supported", "process", "map"};
+    constexpr std::array<std::string_view, 4> named{"find ", "message ", "atom ", "block "};
+    constexpr std::string_view send = "send ";
+    if (text.starts_with(send))
+        return bytesOf(text.substr(send.size())).has_value();
+    const auto names = [text](std::string_view kind) {
+        return text.size() > kind.size() && text.starts_with(kind);
+    };
+    return std::ranges::find(plain, text) != plain.end() || std::ranges::any_of(named, names);
+}
+
 // The recorded answers by their question, each list read once from its start.
 class Script {
 public:
     bool add(std::string_view line) {
         const std::size_t mark = line.find(separator);
-        if (mark == std::string_view::npos)
+        if (mark == std::string_view::npos || !isQuestion(line.substr(0, mark)))
             return false;
         auto answer = answerOf(line.substr(mark + separator.size()));
         if (!answer)

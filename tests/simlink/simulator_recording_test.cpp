@@ -96,7 +96,8 @@ TEST(SimulatorRecording, DamagedRecordingsNameTheLine) {
     EXPECT_NE(replayedServices("Quillset simulator recording 2\n").problem, "");
     for (const std::string line :
          {"find UIPCMAIN", "find UIPCMAIN = ", "find UIPCMAIN = yes", "send 01 = 1 0", "send 01 = 1 0G",
-          "send 01 = failed", "send 01 = 99999999999999999999 01"}) {
+          "send 01 = failed", "send 0 = 1 00", "sned 00 = 1 00", "find  = 1", "maps = 1",
+          "send 01 = 99999999999999999999 01"}) {
         const Replay replay = replayedServices(first + "# note\n" + line + "\n");
         EXPECT_EQ(replay.services, nullptr) << line;
         EXPECT_NE(replay.problem.find("line 3"), std::string::npos) << replay.problem;
