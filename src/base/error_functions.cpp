@@ -90,7 +90,12 @@ void ErrorFunctions::report(int number, std::string_view description, std::strin
                             std::string_view form) {
     std::string text = "Error " + std::to_string(number) + " (";
     text.append(description).append(") in procedure ").append(procedure).append(" of Form ").append(form);
-    dialogs_.ask({text, applicationTitle, MessageButtons::ok, MessageIcon::none});
+    show({text, applicationTitle, MessageButtons::ok, MessageIcon::none});
+}
+
+void ErrorFunctions::show(const Message& message) {
+    reported.notify(message.text);
+    dialogs_.ask(message);
 }
 
 void ErrorFunctions::unexpectedError() {
@@ -102,6 +107,7 @@ void ErrorFunctions::unexpectedError() {
                       applicationTitle, MessageButtons::ok, MessageIcon::question});
     if (answer == Answer::yes)
         rescueSave_();
+    reported.notify("the program ends after an unexpected error");
     endProgram_();
 }
 
@@ -113,8 +119,8 @@ void ErrorFunctions::runUntrapped(const std::function<void()>& body, const std::
     } catch (const std::exception&) {
         error = currentError();
     }
-    dialogs_.ask({"Run-time error '" + std::to_string(error.number) + "':\r\n\r\n" + error.description,
-                  applicationTitle, MessageButtons::ok, MessageIcon::critical});
+    show({"Run-time error '" + std::to_string(error.number) + "':\r\n\r\n" + error.description,
+          applicationTitle, MessageButtons::ok, MessageIcon::critical});
     beforeEnd();
     endProgram_();
 }

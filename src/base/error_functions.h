@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/dialogs.h"
+#include "base/notifier.h"
 #include "base/runtime_error.h"
 
 #include <exception>
@@ -43,7 +44,12 @@ public:
     /// `beforeEnd` (a last chance to keep the user's work), then ends the program.
     void runUntrapped(const std::function<void()>& body, const std::function<void()>& beforeEnd);
 
+    /// Told with the text of each report, before its message box is shown. For the log.
+    Notifier<const std::string&> reported;
+
 private:
+    void show(const Message& message);
+
     Dialogs& dialogs_;
     std::function<void()> rescueSave_;
     std::function<void()> endProgram_;

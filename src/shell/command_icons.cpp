@@ -61,6 +61,7 @@ constexpr std::array drawings{
     Drawing{CommandIcon::moveUp, "| M 12 20 L 12 4 M 6 10 L 12 4 L 18 10"},
     Drawing{CommandIcon::moveDown, "| M 12 4 L 12 20 M 6 14 L 12 20 L 18 14"},
     Drawing{CommandIcon::help, "C 12 12 9 | M 9 9 L 10 7 L 14 7 L 15 9 L 12 12 L 12 14 M 12 17 L 12 18"},
+    Drawing{CommandIcon::copy, "M 9 8 L 20 8 L 20 21 L 9 21 Z | M 6 16 L 4 16 L 4 3 L 15 3 L 15 5"},
     Drawing{CommandIcon::about, "C 12 12 9 | M 12 11 L 12 17 M 12 7 L 12 8"},
 };
 

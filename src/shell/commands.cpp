@@ -65,6 +65,10 @@ constexpr std::array viewMenu{
 };
 
 constexpr std::array helpMenu{
+    CommandRow{"mManual", "&Manual", "F1", Icon::help, "Open the manual in the browser"},
+    CommandRow{"mCopyDiagnostics", "Copy &diagnostics", "", Icon::copy,
+               "Copy versions, folders and the last events for a report of a problem"},
+    CommandRow{"mNothingHelp", "-"},
     CommandRow{"mAbout", "&About Quillset XML", "", Icon::about, "Version and licence"},
 };
 

@@ -34,6 +34,7 @@ enum class CommandIcon {
     moveUp,
     moveDown,
     help,
+    copy,
     about
 };
 

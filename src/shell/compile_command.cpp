@@ -3,6 +3,7 @@
 #include "base/runtime_error.h"
 
 #include <algorithm>
+#include <array>
 
 namespace quillset {
 
@@ -21,13 +22,14 @@ bool written(FileOperations& files, const std::string& path, const std::string& 
 
 CompileCommand::CompileCommand(Session& session, ProcessStarter& starter, CompileLog& log)
     : session_(session)
+    , log_(session.log(), log)
     , runner_(session.dialogs(), starter)
     , compilation_({*this,
                     session.dialogs(),
                     session.fileOperations(),
                     session.activity(),
                     runner_,
-                    log,
+                    log_,
                     session.files().data,
                     {session.files().compilerFolder()}}) {}
 
@@ -64,6 +66,17 @@ void CompileCommand::keepRecoveryFile() {
                                    ", ... " + paths.back());
         session_.dialogs().tell("Your scenery as it stands now was written to " + *path);
     });
+}
+
+void CompileCommand::NotedLog::runBegins(const std::string& commandLine) {
+    file_.write("compile: " + commandLine);
+    window_.runBegins(commandLine);
+}
+
+void CompileCommand::NotedLog::runEnds(CompileOutcome outcome) {
+    constexpr std::array outcomes{"made scenery", "made nothing", "ended by the user"};
+    file_.write(std::string("compile: ") + outcomes.at(static_cast<std::size_t>(outcome)));
+    window_.runEnds(outcome);
 }
 
 std::string CompileCommand::xmlPath() const {

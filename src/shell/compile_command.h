@@ -23,7 +23,25 @@ private:
 
     void keepRecoveryFile();
 
+    /// Hands everything on to the window and notes each run in the program's log.
+    class NotedLog : public CompileLog {
+    public:
+        NotedLog(const LogFile& file, CompileLog& window)
+            : file_(file)
+            , window_(window) {}
+        void runBegins(const std::string& commandLine) override;
+        void append(const std::string& piece) override { window_.append(piece); }
+        WaitAnswer wait() override { return window_.wait(); }
+        void runEnds(CompileOutcome outcome) override;
+        void showModal() override { window_.showModal(); }
+
+    private:
+        const LogFile& file_;
+        CompileLog& window_;
+    };
+
     Session& session_;
+    NotedLog log_;
     DOSOutputs runner_;
     BglCompilation compilation_;
     std::string source_;

@@ -112,6 +112,7 @@ void DocumentCommands::writeTo(const std::string& path) {
     session_.document().save(session_.fileOperations(), path);
     session_.recentFiles().add(foldedForStorage(path));
     session_.activity().show(path + " saved");
+    session_.log().write("saved " + path);
 }
 
 void DocumentCommands::create(const std::string& path) {
@@ -123,6 +124,7 @@ void DocumentCommands::create(const std::string& path) {
     session_.rescanCatalogue();
     documentShown.notify(path);
     session_.activity().show(path + " created");
+    session_.log().write("new " + path);
 }
 
 void DocumentCommands::load(const std::string& path) {
@@ -136,6 +138,9 @@ void DocumentCommands::load(const std::string& path) {
     documentShown.notify(path);
     session_.recentFiles().add(path);
     session_.activity().show(path + " loaded");
+    session_.log().write(read.ok ? "opened " + path +
+                                       ", placements: " + std::to_string(session_.document().placementCount())
+                                 : path + " could not be read: " + read.problem);
     if (!read.ok)
         session_.dialogs().tell(
             path + " could not be read: " + read.problem +

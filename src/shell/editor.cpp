@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QLabel>
+#include <QSysInfo>
 #include <QTimer>
 
 #include <cstdlib>
@@ -43,6 +44,7 @@ Editor::Editor(const EditorEnvironment& environment)
     , documentCommands_(session_)
     , objectCommands_(session_)
     , registrationCommands_(session_)
+    , helpCommands_(session_, [this] { return link_.status().text + ": " + link_.status().explanation; })
     , propertyTarget_(session_.document(), session_.list())
     , propertyEditor_(propertyTarget_, session_.document(), positionLink(position_), session_.errors()) {
     session_.list().showPropertiesIn(&propertyEditor_);
@@ -109,6 +111,12 @@ void Editor::connectCommands() {
     registration("mAddMDL", &RegistrationCommands::addModel);
     registration("mAddMDLFolder", &RegistrationCommands::addModelFolder);
     registration("mRemoveMDL", &RegistrationCommands::removeModel);
+    const auto help = [this](const char* name, void (HelpCommands::*command)()) {
+        window_->setCommand(name, [this, command] { (helpCommands_.*command)(); });
+    };
+    help("mManual", &HelpCommands::openManual);
+    help("mCopyDiagnostics", &HelpCommands::copyDiagnostics);
+    help("mAbout", &HelpCommands::about);
     window_->setCommand("mCompile", [this] { compileCommand_->compile(); });
     window_->setRecentCommand([this](std::size_t index) { documentCommands_.openRecent(index); });
     window_->setShutDown([this] {
@@ -152,6 +160,7 @@ void Editor::connectSimulator() {
         window_->setLinkState(QString::fromStdString(status.text),
                               status.bevel == PanelBevel::inset ? Bevel::inset : Bevel::raised,
                               QString::fromStdString(status.explanation));
+        session_.log().write("simulator link: " + status.text + ": " + status.explanation);
     }));
     connections_.push_back(link_.waiting.connect([this](Waiting waiting) { showWaiting(waiting); }));
     // One interval after the tick before has returned: ticks that had to wait must not pile up.
@@ -191,12 +200,15 @@ void Editor::followCompileMessage(const QString& line) {
 }
 
 bool Editor::start() {
+    session_.log().write("started Quillset XML " QUILLSET_VERSION ", Qt " + std::string(qVersion()) + ", " +
+                         QSysInfo::prettyProductName().toStdString());
     StartUpOptions options;
     options.fsPath = options_.fsPath;
     if (const char* const folder = std::getenv("windir"))
         options.windowsFolder = folder;
     if (startUp(session_, *this, options) == StartUpOutcome::programEnds)
         return false;
+    session_.log().write("simulator folder: " + session_.configuration().fsPath());
     // A simulator that does not answer would hold up the window's first picture.
     window_->setFirstShown([this] {
         link_.start();
@@ -210,6 +222,7 @@ bool Editor::start() {
 }
 
 void Editor::finish() {
+    session_.log().write("ends");
     session_.commitEdits();
     window_->storeArrangement();
     shutDown(session_, [this](const std::string& name) {

@@ -8,6 +8,7 @@
 #include "shell/compile_command.h"
 #include "shell/document_commands.h"
 #include "shell/frmSplash.h"
+#include "shell/help_commands.h"
 #include "shell/object_commands.h"
 #include "shell/qt_clock.h"
 #include "shell/registration_commands.h"
@@ -94,6 +95,7 @@ private:
     DocumentCommands documentCommands_;
     ObjectCommands objectCommands_;
     RegistrationCommands registrationCommands_;
+    HelpCommands helpCommands_;
     DocumentTarget propertyTarget_;
     PropertyEditor propertyEditor_;
     std::unique_ptr<frmSplash> splash_;

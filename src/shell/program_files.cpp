@@ -10,6 +10,10 @@ std::string ProgramFiles::config() const {
     return joinPath(data, "config.xml");
 }
 
+std::string ProgramFiles::log() const {
+    return joinPath(data, "quillset.log");
+}
+
 std::vector<std::string> ProgramFiles::recoveries(const std::string& sceneryPath) const {
     std::vector<std::string> paths{joinPath(undo, "recovery.xml"), sceneryPath + ".recovery"};
     std::error_code failed;
@@ -26,6 +30,18 @@ std::string ProgramFiles::shipped(const std::string& name) const {
         if (fileExists(candidate))
             return candidate;
     return own;
+}
+
+std::vector<std::string> ProgramFiles::manualPlaces() const {
+    const std::string share = joinPath(joinPath(folderOf(executable), "share"), "quillset-xml");
+    return {joinPath(executable, "docs"), joinPath(share, "docs")};
+}
+
+std::optional<std::string> ProgramFiles::manual() const {
+    for (const std::string& folder : manualPlaces())
+        if (std::string page = joinPath(folder, "index.html"); fileExists(page))
+            return page;
+    return std::nullopt;
 }
 
 std::string ProgramFiles::compilerFolder() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@ struct ProgramFiles {
     std::string undo;
 
     [[nodiscard]] std::string config() const;
+    [[nodiscard]] std::string log() const;
     /// Where to keep a document that the program cannot go on with: the first of these that can be written.
     /// The disk of the working files may be the very one that is full.
     [[nodiscard]] std::vector<std::string> recoveries(const std::string& sceneryPath) const;
@@ -21,6 +23,10 @@ struct ProgramFiles {
     /// replace it, then beside the executable, then where a Linux package puts it. The data folder's path
     /// when it is nowhere.
     [[nodiscard]] std::string shipped(const std::string& name) const;
+    /// The first page of the manual; nothing when it is in none of the places.
+    [[nodiscard]] std::optional<std::string> manual() const;
+    /// Where the manual is looked for: beside the program, then where a Linux package puts it.
+    [[nodiscard]] std::vector<std::string> manualPlaces() const;
     /// Folder of a compiler that comes with the program; the last place where one is looked for.
     [[nodiscard]] std::string compilerFolder() const;
 };

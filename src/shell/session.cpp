@@ -22,6 +22,7 @@ std::string Session::CatalogueLink::selectedText() const {
 
 Session::Session(SessionEnvironment environment)
     : environment_(std::move(environment))
+    , log_(environment_.programFiles.log())
     , activity_(environment_.clock)
     , recentFiles_(configuration_)
     , errors_(
@@ -34,7 +35,9 @@ Session::Session(SessionEnvironment environment)
     , journal_(document_, environment_.programFiles.undo)
     , catalogue_(environment_.dialogs, errors_)
     , catalogueLink_(catalogue_)
-    , list_(document_, journal_, catalogueLink_, activity_, errors_, environment_.readHeading) {}
+    , list_(document_, journal_, catalogueLink_, activity_, errors_, environment_.readHeading)
+    , errorsToLog_(
+          errors_.reported.connect([this](const std::string& text) { log_.write("error: " + text); })) {}
 
 CatalogueSources Session::catalogueSources() const {
     CatalogueSources sources;

@@ -6,6 +6,7 @@
 #include "base/dialogs.h"
 #include "base/error_functions.h"
 #include "base/guid_maker.h"
+#include "base/log_file.h"
 #include "catalogue/catalogue_tree.h"
 #include "document/object_list.h"
 #include "document/scenery_document.h"
@@ -57,6 +58,7 @@ public:
     [[nodiscard]] double readLongitude() const { return environment_.readLongitude(); }
     void closeSimulatorLink() const { environment_.closeSimulatorLink(); }
 
+    [[nodiscard]] const LogFile& log() const { return log_; }
     [[nodiscard]] ActivityLine& activity() { return activity_; }
     [[nodiscard]] ErrorFunctions& errors() { return errors_; }
     [[nodiscard]] Configuration& configuration() { return configuration_; }
@@ -88,6 +90,7 @@ private:
     };
 
     SessionEnvironment environment_;
+    LogFile log_;
     ActivityLine activity_;
     Configuration configuration_;
     RecentFiles recentFiles_;
@@ -97,6 +100,7 @@ private:
     CatalogueTree catalogue_;
     CatalogueLink catalogueLink_;
     ObjectList list_;
+    Connection errorsToLog_;
 };
 
 } // namespace quillset
