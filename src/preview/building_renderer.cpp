@@ -211,9 +211,13 @@ QImage BuildingRenderer::draw(const Building& building, float angle, const QSize
     gl_->glClear(GL_COLOR_BUFFER_BIT);
     setView(scene.view, angle);
     drawMesh(scene.mesh);
-    QImage frame(size, QImage::Format_RGB32);
-    gl_->glReadPixels(0, 0, size.width(), size.height(), bgra, GL_UNSIGNED_BYTE, frame.bits());
-    return frame;
+    // The window still shows the frame before this one: two images by turns, so that none is allocated or
+    // copied.
+    std::swap(frame_, shownFrame_);
+    if (frame_.size() != size)
+        frame_ = QImage(size, QImage::Format_RGB32);
+    gl_->glReadPixels(0, 0, size.width(), size.height(), bgra, GL_UNSIGNED_BYTE, frame_.bits());
+    return frame_;
 }
 
 } // namespace quillset

@@ -77,6 +77,8 @@ private:
     Texture plainColour_;
     /// What the last frame showed, which seldom differs from the next one but in its angle.
     std::optional<Scene> scene_;
+    QImage frame_;
+    QImage shownFrame_;
 };
 
 } // namespace quillset
