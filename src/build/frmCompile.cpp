@@ -1,5 +1,7 @@
 #include "build/frmCompile.h"
 
+#include "build/compile_message.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QBoxLayout>
@@ -24,6 +26,14 @@ constexpr std::size_t flushSize = 65536;
 QString runTimeText(qint64 milliseconds) {
     const qint64 seconds = milliseconds / 1000;
     return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
+}
+
+bool namesAPlace(const QTextDocument& log) {
+    for (QTextBlock line = log.begin(); line.isValid(); line = line.next()) {
+        if (compilePlaceIn(line.text().toStdString()))
+            return true;
+    }
+    return false;
 }
 
 QString outcomeText(CompileOutcome outcome, bool printed) {
@@ -181,7 +191,12 @@ void frmCompile::runEnds(CompileOutcome outcome) {
     flush();
     cmdEnd_->hide();
     cmdClose_->setEnabled(true);
-    lbl_run_->setText(outcomeText(outcome, !txt_compile_log_->document()->isEmpty()));
+    const QTextDocument& log = *txt_compile_log_->document();
+    lbl_run_->setText(outcomeText(outcome, !log.isEmpty()) +
+                      (namesAPlace(log)
+                           ? QStringLiteral(" Double-click a message, or press Enter on it, to select the "
+                                            "placement it is about.")
+                           : QString()));
     txt_compile_log_->setFocus();
 }
 

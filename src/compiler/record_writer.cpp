@@ -2,7 +2,6 @@
 
 #include "compiler/building_layout.h"
 #include "compiler/format_choices.h"
-#include "compiler/grid.h"
 
 #include <algorithm>
 #include <numeric>
@@ -26,8 +25,10 @@ constexpr std::uint16_t buildingChunk = 0x00A0;
 
 class RecordWriter {
 public:
-    RecordWriter(const SceneryObject& object, Target target, ByteBuffer& out, std::vector<std::size_t>& ends)
+    RecordWriter(const SceneryObject& object, const GridPosition& place, Target target, ByteBuffer& out,
+                 std::vector<std::size_t>& ends)
         : object_(object)
+        , place_(place)
         , target_(target)
         , ids_(target == Target::fsx ? fsxIds : fs2004Ids)
         , out_(out)
@@ -58,11 +59,10 @@ public:
 
 private:
     void header(std::uint16_t id, std::size_t rest) {
-        const GridPosition place = gridPosition(object_.latitude, object_.longitude);
         out_.word(id);
         out_.word(static_cast<std::uint16_t>((target_ == Target::fsx ? fsxHeader : fs2004Header) + rest));
-        out_.dword(place.longitude);
-        out_.dword(place.latitude);
+        out_.dword(place_.longitude);
+        out_.dword(place_.latitude);
         out_.dword(static_cast<std::uint32_t>(millimetres(object_.altitude)));
         out_.word(static_cast<std::uint16_t>((object_.altitudeIsAgl ? 1U : 0U) | object_.suppressions));
         out_.word(angleUnits(object_.pitch));
@@ -95,6 +95,7 @@ private:
     void end() { ends_.push_back(out_.size()); }
 
     const SceneryObject& object_;
+    const GridPosition& place_;
     Target target_;
     const RecordIds& ids_;
     ByteBuffer& out_;
@@ -103,9 +104,9 @@ private:
 
 } // namespace
 
-void writeRecords(const SceneryObject& object, Target target, ByteBuffer& out,
+void writeRecords(const SceneryObject& object, const GridPosition& place, Target target, ByteBuffer& out,
                   std::vector<std::size_t>& ends) {
-    std::visit(RecordWriter(object, target, out, ends), object.thing);
+    std::visit(RecordWriter(object, place, target, out, ends), object.thing);
 }
 
 } // namespace quillset::compiler

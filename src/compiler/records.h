@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <variant>
@@ -62,7 +63,7 @@ struct ModelData {
 
 /// What a scenery source holds for the compiler, in document order.
 struct SceneryRecords {
-    std::vector<SceneryObject> objects;
+    std::deque<SceneryObject> objects; // not moved again and again while it grows
     std::vector<ModelData> models;
 };
 

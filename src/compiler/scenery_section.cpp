@@ -23,7 +23,7 @@ std::uint32_t cellOf(const Record& record) {
     return record.cell;
 }
 
-std::vector<Record> writeAll(const std::vector<SceneryObject>& objects, Target target, ByteBuffer& buffer) {
+std::vector<Record> writeAll(const std::deque<SceneryObject>& objects, Target target, ByteBuffer& buffer) {
     constexpr std::size_t usualSize = 80;
     buffer.reserve(objects.size() * usualSize);
     std::vector<Record> records;
@@ -34,7 +34,7 @@ std::vector<Record> writeAll(const std::vector<SceneryObject>& objects, Target t
         const GridPosition place = gridPosition(object.latitude, object.longitude);
         const std::uint32_t cell = quadCell(format::placementCellLevel, place);
         ends.clear();
-        writeRecords(object, target, buffer, ends);
+        writeRecords(object, place, target, buffer, ends);
         for (const std::size_t end : ends) {
             if (end > std::numeric_limits<std::uint32_t>::max())
                 throw RuntimeError(ErrorNumber::overflow, "the placements would take more than 4 GB");
@@ -60,7 +60,7 @@ void keepDistinct(std::vector<std::uint32_t>& ascending) {
 
 } // namespace
 
-ScenerySection buildScenerySection(const std::vector<SceneryObject>& objects, Target target) {
+ScenerySection buildScenerySection(const std::deque<SceneryObject>& objects, Target target) {
     ByteBuffer buffer;
     std::vector<Record> records = writeAll(objects, target, buffer);
     sortByCell(records, target);

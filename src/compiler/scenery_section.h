@@ -23,7 +23,7 @@ struct ScenerySection {
 };
 
 /// Throws RuntimeError when the records would take 4 GB or more.
-[[nodiscard]] ScenerySection buildScenerySection(const std::vector<SceneryObject>& objects, Target target);
+[[nodiscard]] ScenerySection buildScenerySection(const std::deque<SceneryObject>& objects, Target target);
 
 /// The cells by which the simulator finds a file with these placements: at most format::headerCellCount,
 /// ascending, covering all cells of the section.

@@ -177,6 +177,12 @@ void CompileWindowTest::activatesLines() {
     QCOMPARE(activated.size(), 2);
     QCOMPARE(activated[0], (QList<QVariant>{QStringLiteral("line 7"), 3}));
     QCOMPARE(activated[1][0].toString(), QStringLiteral("line 7"));
+    const QString way = QStringLiteral("press Enter");
+    QVERIFY2(child<QLabel>(window, "lbl_run")->text().contains(way), "\"line 7\" is a place");
+    window.runBegins("bglcomp compile.xml");
+    window.append("compile.bgl: written, 7 placements\r\n");
+    window.runEnds(CompileOutcome::madeScenery);
+    QVERIFY(!child<QLabel>(window, "lbl_run")->text().contains(way));
 }
 
 void CompileWindowTest::findsAndCopiesByKeyboard() {

@@ -156,6 +156,7 @@ TEST(Bglcomp, APipeIsRefusedAtOnce) {
     const ProgramRun made = run(folder, "bglcomp", "p.xml", "mkfifo p.xml; ");
     EXPECT_EQ(made.exitCode, 1);
     EXPECT_NE(made.output.find("p.xml: error: Not a regular file"), std::string::npos) << made.output;
+    EXPECT_EQ(run(folder, "bgl-list", "p.xml").output, "p.xml: error: byte 0: this is no regular file\n");
 }
 
 TEST(Bglcomp, AFullDiskLeavesTheOldOutput) {

@@ -21,10 +21,15 @@ std::string MemorySource::readInside(std::uint64_t offset, std::uint64_t count) 
     return std::string(bytes_.substr(static_cast<std::size_t>(offset), static_cast<std::size_t>(count)));
 }
 
-FileSource::FileSource(const std::string& path)
-    : file_(quillset::toPath(path), std::ios::binary) {
+FileSource::FileSource(const std::string& path) {
     std::error_code failed;
-    size_ = std::filesystem::file_size(quillset::toPath(path), failed);
+    const std::filesystem::path name = quillset::toPath(path);
+    if (!std::filesystem::is_regular_file(name,
+                                          failed)) // before it is opened: a pipe would wait for a writer
+        throw Damage(0, std::filesystem::exists(name, failed) ? "this is no regular file"
+                                                              : "the file does not exist");
+    size_ = std::filesystem::file_size(name, failed);
+    file_.open(name, std::ios::binary);
     if (failed || !file_)
         throw Damage(0, "the file cannot be opened");
 }

@@ -42,7 +42,7 @@ private:
 
 class FileSource : public ByteSource {
 public:
-    /// Throws Damage for a file that cannot be opened and for a folder.
+    /// Throws Damage for a file that cannot be opened and for what is no regular file.
     explicit FileSource(const std::string& path);
     [[nodiscard]] std::uint64_t size() const override { return size_; }
 

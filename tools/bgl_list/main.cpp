@@ -26,7 +26,8 @@ bool listFile(const std::string& path) {
     } catch (const std::exception& damage) {
         problem = damage.what();
     }
-    quillset::writeConsole(quillset::ConsoleStream::output, path + ": " + out.str());
+    if (!out.str().empty())
+        quillset::writeConsole(quillset::ConsoleStream::output, path + ": " + out.str());
     if (!problem.empty())
         quillset::writeConsole(quillset::ConsoleStream::error, path + ": error: " + problem + "\n");
     return problem.empty();
