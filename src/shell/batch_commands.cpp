@@ -2,10 +2,16 @@
 
 #include "base/paths.h"
 #include "base/runtime_error.h"
+#include "catalogue/catalogue_tree.h"
+#include "document/local_models.h"
 #include "document/placement_ranges.h"
 #include "document/scenery_document.h"
+#include "geodata/reference_system.h"
+#include "geodata/shapefile_export.h"
+#include "geodata/shapefile_import.h"
 #include "shell/batch_compile.h"
 #include "shell/configuration.h"
+#include "shell/console_dialogs.h"
 #include "shell/known_objects.h"
 
 #include <algorithm>
@@ -48,6 +54,10 @@ private:
             return format();
         case CommandLine::Action::compile:
             return compile();
+        case CommandLine::Action::exportShapefile:
+            return exportPoints();
+        case CommandLine::Action::importShapefile:
+            return importPoints();
         default:
             complain("this command needs a window");
             return failure;
@@ -75,13 +85,7 @@ private:
 
     std::vector<SceneryFinding> findings() {
         loadDocument();
-        readSettings();
-        CatalogueSources sources;
-        sources.genericFile = with_.programFiles.shipped("generic.xml");
-        sources.simulatorFolder = settings_.fsPath();
-        sources.userLibraries = settings_.libraries(LibraryKind::user);
-        sources.rwy12Libraries = settings_.libraries(LibraryKind::rwy12);
-        const KnownObjects known(sources);
+        const KnownObjects known(sources());
         for (const std::string& library : known.unreadable())
             complain("the library cannot be read, its objects count as unknown: " + library);
         SceneryKnowledge knowledge;
@@ -92,6 +96,18 @@ private:
             complain("no simulator folder is known, effects are not checked (--fs-path DIR names one)");
         knowledge.modelExists = [&](const std::string& path) { return modelExists(path); };
         return checkScenery(document_, PlacementRanges(readWholeFile(input())), knowledge);
+    }
+
+    CatalogueSources sources() {
+        readSettings();
+        CatalogueSources sources;
+        sources.genericFile = with_.programFiles.shipped("generic.xml");
+        sources.simulatorFolder = settings_.fsPath();
+        sources.userLibraries = settings_.libraries(LibraryKind::user);
+        sources.rwy12Libraries = settings_.libraries(LibraryKind::rwy12);
+        for (const LocalModel& model : localModels(document_))
+            sources.documentModels.push_back({model.name, model.sourceFile});
+        return sources;
     }
 
     /// Where Compile would look for a relative path, and beside the scenery file, from where other compilers
@@ -138,6 +154,38 @@ private:
         return compilation.run(document_, absolutePath(input()), absolutePath(options_.operands.at(1)))
                    ? success
                    : failure;
+    }
+
+    int exportPoints() {
+        loadDocument();
+        ConsoleDialogs dialogs([this](std::string_view line) { with_.write(ConsoleStream::error, line); });
+        ErrorFunctions errors(
+            dialogs, [] {}, [] {});
+        CatalogueTree catalogue(dialogs, errors);
+        catalogue.rescanObjTree(sources());
+        const ExportCount count = exportShapefile(
+            document_, [&](const std::string& key) { return catalogue.getObjectName(key); }, with_.files,
+            shapefilePath(options_.operands.at(1)));
+        if (count.unclear == 0)
+            return success;
+        complain("placements whose position or heading is no number: " + std::to_string(count.unclear));
+        return failure;
+    }
+
+    int importPoints() {
+        loadDocument();
+        const std::string& points = options_.operands.at(1);
+        const std::optional<ReferenceSystem> system = referenceSystemBeside(points);
+        if (system && !system->isRd)
+            throw RuntimeError(ErrorNumber::invalidCall, "the .prj file beside " + points +
+                                                             " says that its points are not in RD (" +
+                                                             system->name + "); remove it if they are");
+        const ImportResult result = importShapefile(document_, points);
+        if (result.verdict != PointFile::Verdict::points)
+            throw RuntimeError(ErrorNumber::invalidCall, refusalText(result.verdict));
+        document_.save(with_.files, options_.operands.at(2));
+        complain(importText(result.added, result.skipped));
+        return result.skipped.empty() ? success : failure;
     }
 
     void loadDocument() {

@@ -3,34 +3,11 @@
 #include "base/runtime_error.h"
 #include "build/bgl_compilation.h"
 #include "build/console_text.h"
+#include "shell/console_dialogs.h"
 
 namespace quillset {
 
 namespace {
-
-/// Chooses the file of the command line; messages become lines.
-class ConsoleDialogs : public Dialogs {
-public:
-    ConsoleDialogs(const std::function<void(std::string_view)>& write, std::string target)
-        : write_(write)
-        , target_(std::move(target)) {}
-
-    Answer ask(const Message& message) override {
-        std::string line = "quillset-xml: ";
-        for (const char c : message.text)
-            if (c != '\r')
-                line += c == '\n' ? ' ' : c;
-        write_(line + "\n");
-        return message.buttons == MessageButtons::ok ? Answer::ok : Answer::no;
-    }
-    std::string openFile(const FileRequest& /*request*/) override { return {}; }
-    std::string saveFile(const FileRequest& /*request*/) override { return target_; }
-    std::string chooseFolder(const std::string& /*instruction*/) override { return {}; }
-
-private:
-    const std::function<void(std::string_view)>& write_;
-    std::string target_;
-};
 
 /// Passes on the compiler's output and notes what came of the run.
 class ConsoleLog : public CompileLog {

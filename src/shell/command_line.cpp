@@ -155,6 +155,10 @@ std::string helpText() {
            "  --json                    with --check: the list as JSON\n"
            "  --format IN.xml           write the file anew, laid out as the editor saves it\n"
            "  --compile IN.xml OUT.bgl  compile with the bglcomp that the editor would use\n"
+           "  --export-shp IN.xml OUT.shp\n"
+           "                            write the placements as a point shapefile\n"
+           "  --import-shp IN.xml POINTS.shp OUT.xml\n"
+           "                            add a placement for each point (RD coordinates)\n"
            "\n"
            "The list of --check goes to standard output, all messages go to standard error.\n"
            "Exit code: 0 done and nothing found, 1 something was found or failed, 2 wrong usage.\n";

@@ -1,5 +1,7 @@
 #include "shell/batch_commands.h"
 
+#include "document/scenery_document.h"
+#include "geodata/point_shapefile.h"
 #include "support/failing_files.h"
 #include "support/temporary_folder.h"
 
@@ -13,7 +15,7 @@ const std::string hangar = "000000010000000000000000000000AA";
 const std::string tower = "000000020000000000000000000000AA";
 
 std::string scenery(const std::string& content) {
-    return "<FSData version=\"9.0\"><SceneryObject lat=\"1\" lon=\"2\">" + content +
+    return "<FSData version=\"9.0\"><SceneryObject lat=\"1\" lon=\"2\" heading=\"0\">" + content +
            "</SceneryObject></FSData>";
 }
 std::string object(const std::string& guid) {
@@ -173,4 +175,66 @@ TEST(BatchFormat, WritesAsTheEditorSavesAndKeepsTheFileWhenThatFails) {
     batch.folder.write("a.xml", "<FSData>");
     EXPECT_EQ(batch.run(CommandLine::Action::format, {path}), 1);
     EXPECT_EQ(batch.folder.read("a.xml"), "<FSData>");
+}
+
+TEST(BatchPoints, ExportNamesTheObjectsAsTheCatalogueDoes) {
+    BatchFixture batch;
+    const std::string shapes = batch.folder.file("out.shp");
+    const std::string path = batch.folder.write("a.xml", object(hangar));
+    EXPECT_EQ(batch.run(CommandLine::Action::exportShapefile, {path, shapes}), 0) << batch.messages;
+    EXPECT_NE(batch.folder.read("out.dbf").find("Hangar "), std::string::npos);
+    EXPECT_EQ(batch.folder.read("out.shp").size(), 100U + 28U);
+    const std::string odd = batch.folder.write(
+        "odd.xml",
+        "<FSData><SceneryObject lat=\"x\" lon=\"2\"><Effect effectName=\"a.fx\"/></SceneryObject></FSData>");
+    EXPECT_EQ(batch.run(CommandLine::Action::exportShapefile, {odd, shapes}), 1);
+    EXPECT_NE(batch.messages.find("is no number: 1"), std::string::npos) << batch.messages;
+    EXPECT_EQ(batch.run(CommandLine::Action::exportShapefile, {path, batch.folder.file("no/such/a.shp")}), 1);
+    EXPECT_NE(batch.messages.find("such"), std::string::npos) << batch.messages;
+}
+
+TEST(BatchPoints, ImportAddsPlacementsAndWritesAnotherFile) {
+    BatchFixture batch;
+    const std::string path = batch.folder.write("a.xml", object(hangar));
+    const std::string points =
+        test::TestShapefile({{155000, 463000, tower}, {0, 0, "", SHPT_NULL}}).write(batch.folder, "points");
+    const std::vector<std::string> operands{path, points, batch.folder.file("out.xml")};
+    EXPECT_EQ(batch.run(CommandLine::Action::importShapefile, operands), 1) << "one shape was skipped";
+    EXPECT_NE(batch.messages.find("1 point added, 1 skipped"), std::string::npos) << batch.messages;
+    EXPECT_EQ(batch.folder.read("a.xml"), object(hangar));
+    SceneryDocument out;
+    ASSERT_TRUE(out.load(batch.folder.file("out.xml")).ok);
+    ASSERT_EQ(out.placementCount(), 2U);
+    EXPECT_NEAR(out.placement(1).attribute("lat").as_double(), 52.155173275, 1e-8);
+    EXPECT_STREQ(out.placement(1).child("LibraryObject").attribute("name").value(), tower.c_str());
+
+    test::TestShapefile({{155000, 463000, tower}}).write(batch.folder, "points");
+    EXPECT_EQ(batch.run(CommandLine::Action::importShapefile, operands), 0) << batch.messages;
+}
+
+TEST(BatchPoints, WhatCannotBeImportedWritesNothing) {
+    BatchFixture batch;
+    const std::string path = batch.folder.write("a.xml", object(hangar));
+    const std::vector<test::TestShape> one{{155000, 463000, tower}};
+    test::TestShapefile(one, SHPT_POINT, "NAME").write(batch.folder, "unnamed");
+    test::TestShapefile({{1, 2, tower, SHPT_MULTIPOINT}}, SHPT_MULTIPOINT).write(batch.folder, "several");
+    test::TestShapefile(one).write(batch.folder, "degrees");
+    batch.folder.write("degrees.prj",
+                       "GEOGCS[\"GCS_WGS_1984\",DATUM[\"D_WGS_1984\",SPHEROID[\"WGS_1984\","
+                       "6378137,298.257223563]],PRIMEM[\"Greenwich\",0],UNIT[\"Degree\",0.017]]");
+    const struct {
+        const char* points;
+        const char* message;
+    } rows[] = {{"unnamed.shp", "DXF_LABEL"},
+                {"several.shp", "does not contain points"},
+                {"degrees.shp", "not in RD"},
+                {"none.shp", "none"}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(batch.run(CommandLine::Action::importShapefile,
+                            {path, batch.folder.file(row.points), batch.folder.file("out.xml")}),
+                  1);
+        EXPECT_NE(batch.messages.find(row.message), std::string::npos)
+            << row.points << ": " << batch.messages;
+        EXPECT_FALSE(batch.folder.has("out.xml")) << row.points;
+    }
 }

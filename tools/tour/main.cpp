@@ -1,3 +1,4 @@
+#include "manual_pictures.h"
 #include "tour.h"
 
 #include "base/console_program.h"
@@ -18,6 +19,8 @@ using namespace quillset;
 struct Arguments {
     CommandLine options;
     std::string results;
+    /// Where the pictures of the manual go; empty for the tour.
+    std::string pictures;
     bool good = false;
 };
 
@@ -27,6 +30,8 @@ Arguments parse(const std::vector<std::string>& words) {
     for (std::size_t i = 0; i < words.size(); ++i) {
         if (words[i] == "--results" && i + 1 < words.size())
             arguments.results = words[++i];
+        else if (words[i] == "--pictures" && i + 1 < words.size())
+            arguments.pictures = words[++i];
         else
             rest.push_back(words[i]);
     }
@@ -37,17 +42,27 @@ Arguments parse(const std::vector<std::string>& words) {
     return arguments;
 }
 
+template <class Guide>
+int goThrough(Guide guide, Editor& editor, const QSize& size) {
+    if (!guide.start())
+        return 1;
+    editor.window().resize(size);
+    editor.window().move(20, 20);
+    guide.run();
+    return 0;
+}
+
 int tourThrough(Editor& editor, const Arguments& arguments) {
     int result = 1;
     QTimer::singleShot(0, [&] {
         try {
-            tour::Tour tour(editor, QString::fromStdString(arguments.results));
-            if (tour.start()) {
-                editor.window().resize(1360, 900);
-                editor.window().move(20, 20);
-                tour.run();
-                result = 0;
-            }
+            const QString results = QString::fromStdString(arguments.results);
+            if (arguments.pictures.empty())
+                result = goThrough(tour::Tour(editor, results), editor, {1360, 900});
+            else
+                result = goThrough(
+                    tour::ManualPictures(editor, results, QString::fromStdString(arguments.pictures)), editor,
+                    {1160, 760});
         } catch (const tour::TourError& error) {
             writeConsole(ConsoleStream::error, std::string("quillset-tour: ") + error.what() + "\n");
         }
@@ -62,8 +77,9 @@ int tourThrough(Editor& editor, const Arguments& arguments) {
 int main(int argc, char** argv) {
     const Arguments arguments = parse(programArguments(argc, argv));
     if (!arguments.good) {
-        std::fputs("Usage: quillset-tour --results DIR --program-folder DIR --fs-path DIR\n"
-                   "Drives the editor through a session and leaves pictures and files in DIR.\n",
+        std::fputs("Usage: quillset-tour --results DIR --program-folder DIR --fs-path DIR [--pictures DIR]\n"
+                   "Drives the editor through a session and leaves pictures and files in the first DIR.\n"
+                   "With --pictures it takes the manual's pictures instead.\n",
                    stderr);
         return 2;
     }

@@ -144,7 +144,7 @@ void Tour::contextMenu() {
 
 void Tour::menus() {
     auto* const bar = editor_.window().menuBar();
-    for (const char* const name : {"mFile", "mEdit", "mObjects", "mView"}) {
+    for (const char* const name : {"mFile", "mEdit", "mObjects", "mView", "mHelp"}) {
         auto* const menu = editor_.window().findChild<QMenu*>(QLatin1String(name));
         robot_.click(bar, bar->actionGeometry(menu->menuAction()).center());
         robot_.waitFor([&] { return menu->isVisible(); }, QLatin1String(name));
