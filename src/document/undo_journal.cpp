@@ -38,6 +38,9 @@ void writeSnapshot(const std::string& path, std::string_view bytes) {
         fs::remove(toPath(working), ignored);
         throw failure;
     }
+    // An older run or branch may have left a snapshot there. File systems take a file that is renamed over
+    // another one for a careful save and write its bytes out at once; here that would only cost time.
+    fs::remove(toPath(path), ignored);
     std::error_code failed;
     fs::rename(toPath(working), toPath(path), failed);
     if (failed) {
