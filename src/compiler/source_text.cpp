@@ -20,7 +20,7 @@ SourceText::SourceText(std::string bytes)
 
 void SourceText::decode(std::string_view encoded, TextEncoding encoding) {
     Decoding decoding = decodeToUtf8(encoded, encoding, nullptr);
-    if (!decoding.problem.empty()) {
+    while (!decoding.problem.empty()) { // again: what ends a text is found before what lies further up
         const std::string problem = std::move(decoding.problem);
         encoded = encoded.substr(0, decoding.badAt);
         decoding = decodeToUtf8(encoded, encoding, nullptr);

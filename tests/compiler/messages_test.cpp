@@ -263,6 +263,9 @@ TEST(Messages, Encodings) {
     }
     EXPECT_EQ(compiled(wide).messages.size(), 1U);
     EXPECT_EQ(compiled(wide).messages.front().substr(0, 32), "s.xml(1,81): error: <x>: unknown");
+    const std::string half("\x00\xD8", 2); // and the text ends in the middle of a character as well
+    EXPECT_EQ(compiled(wide.insert(2 + 2 * 4, half) + "\n").messages.back(),
+              "s.xml(1,5): error: half of a character pair (a surrogate) stands alone");
 }
 
 // Every one is reported, and places that lie back are right too.
