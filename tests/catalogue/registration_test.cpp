@@ -264,20 +264,25 @@ TEST_F(RegistrationTest, WithoutAGuidNothingIsDeclared) {
 
 TEST_F(RegistrationTest, AFolderOfTenThousandFilesIsOneEdit) {
     namespace fs = std::filesystem;
-    for (int i = 0; i < 10'000; ++i)
-        folder.write("m/" + std::to_string(10'000 + i) + (i % 2 == 0 ? " Stra\u00DFe \u5927.MDL" : ".txt"),
-                     "");
+    // Wine looks through a whole folder for every name in it.
+    constexpr int modelCount = fs::path::preferred_separator == '\\' ? 300 : 5000;
+    constexpr int first = 10'001;
+    const auto name = [](int number) { return std::to_string(number) + " Stra\u00DFe \u5927.MDL"; };
+    for (int i = 0; i < modelCount; ++i) {
+        folder.write("m/" + name(first + i), "");
+        folder.write("m/" + std::to_string(first + i) + ".txt", "");
+    }
     fs::create_directory(toPath(folder.file("m/folder.mdl")));
-    fs::permissions(toPath(folder.file("m/10002 Stra\u00DFe \u5927.MDL")), fs::perms::none);
+    fs::permissions(toPath(folder.file("m/" + name(first + 1))), fs::perms::none);
     dialogs.paths = {folder.file("m")};
     EXPECT_TRUE(models.addModelFolder());
-    EXPECT_EQ(steps, (Lines{"snapshot add", "add 5000", "nodes", "select " + guidNumber(5000)}));
-    EXPECT_EQ(sources.documentModels[1].sourceFile,
-              joinPath(folder.file("m"), "10002 Stra\u00DFe \u5927.MDL"))
+    EXPECT_EQ(steps, (Lines{"snapshot add", "add " + std::to_string(modelCount), "nodes",
+                            "select " + guidNumber(modelCount)}));
+    EXPECT_EQ(sources.documentModels[1].sourceFile, joinPath(folder.file("m"), name(first + 1)))
         << "models are not opened, so that this one cannot be read does not matter";
     const Lines shown = below("local");
-    ASSERT_EQ(shown.size(), 5000U);
-    EXPECT_EQ(shown.back(), guidNumber(5000) + "=19998 Stra\u00DFe \u5927.MDL");
+    ASSERT_EQ(shown.size(), std::size_t{modelCount});
+    EXPECT_EQ(shown.back(), guidNumber(modelCount) + "=" + name(first + modelCount - 1));
     steps.clear();
     dialogs.paths = {folder.file("m")};
     EXPECT_FALSE(models.addModelFolder());
