@@ -2,7 +2,6 @@
 
 #include "base/paths.h"
 #include "base/runtime_error.h"
-#include "catalogue/catalogue_tree.h"
 #include "document/local_models.h"
 #include "document/placement_ranges.h"
 #include "document/scenery_document.h"
@@ -11,7 +10,6 @@
 #include "geodata/shapefile_import.h"
 #include "shell/batch_compile.h"
 #include "shell/configuration.h"
-#include "shell/console_dialogs.h"
 #include "shell/known_objects.h"
 
 #include <algorithm>
@@ -85,9 +83,7 @@ private:
 
     std::vector<SceneryFinding> findings() {
         loadDocument();
-        const KnownObjects known(sources());
-        for (const std::string& library : known.unreadable())
-            complain("the library cannot be read, its objects count as unknown: " + library);
+        const KnownObjects known = knownObjects();
         SceneryKnowledge knowledge;
         knowledge.knowsObject = [&](std::string_view guid) { return known.hasObject(guid); };
         if (known.knowsEffects())
@@ -98,7 +94,7 @@ private:
         return checkScenery(document_, PlacementRanges(readWholeFile(input())), knowledge);
     }
 
-    CatalogueSources sources() {
+    KnownObjects knownObjects() {
         readSettings();
         CatalogueSources sources;
         sources.genericFile = with_.programFiles.shipped("generic.xml");
@@ -107,7 +103,10 @@ private:
         sources.rwy12Libraries = settings_.libraries(LibraryKind::rwy12);
         for (const LocalModel& model : localModels(document_))
             sources.documentModels.push_back({model.name, model.sourceFile});
-        return sources;
+        KnownObjects known(sources);
+        for (const std::string& library : known.unreadable())
+            complain("the library cannot be read, its objects count as unknown: " + library);
+        return known;
     }
 
     /// Where Compile would look for a relative path, and beside the scenery file, from where other compilers
@@ -158,13 +157,9 @@ private:
 
     int exportPoints() {
         loadDocument();
-        ConsoleDialogs dialogs([this](std::string_view line) { with_.write(ConsoleStream::error, line); });
-        ErrorFunctions errors(
-            dialogs, [] {}, [] {});
-        CatalogueTree catalogue(dialogs, errors);
-        catalogue.rescanObjTree(sources());
+        const KnownObjects known = knownObjects();
         const ExportCount count = exportShapefile(
-            document_, [&](const std::string& key) { return catalogue.getObjectName(key); }, with_.files,
+            document_, [&](const std::string& key) { return known.nameOf(key); }, with_.files,
             shapefilePath(options_.operands.at(1)));
         if (count.unclear == 0)
             return success;

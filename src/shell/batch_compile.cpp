@@ -2,24 +2,32 @@
 
 #include "base/runtime_error.h"
 #include "build/bgl_compilation.h"
+#include "build/compile_message.h"
 #include "build/console_text.h"
+#include "document/placement_ranges.h"
 #include "shell/console_dialogs.h"
 
 namespace quillset {
 
 namespace {
 
-/// Passes on the compiler's output and notes what came of the run.
+/// Passes on the compiler's output line by line and notes what came of the run. The compiler sees a working
+/// copy on one line; what it says about a placement is told with the place in the user's own file too.
 class ConsoleLog : public CompileLog {
 public:
-    explicit ConsoleLog(const std::function<void(std::string_view)>& write)
-        : write_(write) {}
+    ConsoleLog(const std::function<void(std::string_view)>& write, std::string source)
+        : write_(write)
+        , source_(std::move(source))
+        , inSource_(readWholeFile(source_)) {}
 
+    void compiles(std::string_view workingCopy) { inCopy_ = PlacementRanges(workingCopy); }
     void runBegins(const std::string& commandLine) override { write_(commandLine + "\n"); }
-    void append(const std::string& piece) override { write_(decoder_.decode(piece)); }
+    void append(const std::string& piece) override { take(decoder_.decode(piece)); }
     WaitAnswer wait() override { return WaitAnswer::goOn; }
     void runEnds(CompileOutcome outcome) override {
-        write_(decoder_.finish());
+        take(decoder_.finish());
+        if (!line_.empty())
+            endLine();
         outcome_ = outcome;
     }
     void showModal() override {}
@@ -27,8 +35,30 @@ public:
     [[nodiscard]] bool madeScenery() const { return outcome_ == CompileOutcome::madeScenery; }
 
 private:
+    void take(std::string_view text) {
+        for (const char c : text) {
+            if (c == '\n')
+                endLine();
+            else if (c != '\r')
+                line_ += c;
+        }
+    }
+
+    void endLine() {
+        if (const std::optional<CompilePlace> place = compilePlaceIn(line_))
+            if (const std::optional<std::size_t> index = inCopy_.placementAt(place->line, place->column))
+                line_ += " [" + source_ + "(" + std::to_string(inSource_.lineOf(*index)) + "): row " +
+                         std::to_string(*index + 1) + "]";
+        write_(line_ + "\n");
+        line_.clear();
+    }
+
     const std::function<void(std::string_view)>& write_;
+    std::string source_;
+    PlacementRanges inSource_;
+    PlacementRanges inCopy_;
     ConsoleTextDecoder decoder_;
+    std::string line_;
     CompileOutcome outcome_ = CompileOutcome::madeNothing;
 };
 
@@ -58,7 +88,7 @@ public:
 bool BatchCompile::run(const SceneryDocument& document, const std::string& source,
                        const std::string& target) const {
     ConsoleDialogs dialogs(write, target);
-    ConsoleLog log(write);
+    ConsoleLog log(write, source);
     OneFile settings(source, target);
     const NoTime clock;
     ActivityLine nobodyLooks(clock);
@@ -71,7 +101,11 @@ bool BatchCompile::run(const SceneryDocument& document, const std::string& sourc
                                 log,
                                 programFiles.data,
                                 {programFiles.compilerFolder()}});
-    compilation.run([&](const std::string& path) { writeFileAtomically(files, path, document.serialise()); });
+    compilation.run([&](const std::string& path) {
+        const std::string bytes = document.serialise();
+        log.compiles(bytes);
+        writeFileAtomically(files, path, bytes);
+    });
     if (!log.madeScenery())
         write("quillset-xml: no BGL file was made\n");
     return log.madeScenery();

@@ -20,8 +20,9 @@ std::string effectKey(std::string_view name) {
 
 KnownObjects::KnownObjects(const CatalogueSources& sources) {
     const auto read = [&](const std::string& path, bool (*reader)(const std::string&, const LibrarySink&)) {
-        const bool readable = reader(path, [&](std::string_view key, std::string_view /*text*/) {
+        const bool readable = reader(path, [&](std::string_view key, std::string_view text) {
             objects_.insert(comparableGuid(key));
+            names_.try_emplace(std::string(key), text);
         });
         if (!readable)
             unreadable_.push_back(path);
@@ -31,6 +32,8 @@ KnownObjects::KnownObjects(const CatalogueSources& sources) {
         read(path, readUserLibrary);
     for (const std::string& path : sources.rwy12Libraries)
         read(path, readRwy12Library);
+    for (const CatalogueModel& model : sources.documentModels)
+        names_.try_emplace(model.name, fileNameOf(model.sourceFile));
     if (const std::optional<std::string> folder = effectsFolder(sources.simulatorFolder)) {
         effects_.emplace();
         for (const std::string& name : filesEndingIn(*folder, "fx").usable)
@@ -40,6 +43,11 @@ KnownObjects::KnownObjects(const CatalogueSources& sources) {
 
 bool KnownObjects::hasObject(std::string_view guid) const {
     return objects_.contains(comparableGuid(guid));
+}
+
+std::string KnownObjects::nameOf(const std::string& key) const {
+    const auto found = names_.find(key);
+    return found == names_.end() ? "!unknown!" : found->second;
 }
 
 bool KnownObjects::hasEffect(std::string_view name) const {

@@ -49,6 +49,9 @@ private slots:
     void init() {
         folder_.write("good.xml", good);
         folder_.write("odd.xml", odd);
+        folder_.write("two.xml", "<FSData version=\"9.0\">\n<SceneryObject lat=\"1\" lon=\"2\"><Effect "
+                                 "effectName=\"a.fx\"/></SceneryObject>\n<SceneryObject lat=\"91\" lon=\"2\">"
+                                 "<Effect effectName=\"a.fx\"/></SceneryObject></FSData>");
     }
 
     void exitCodes_data() {
@@ -67,6 +70,7 @@ private slots:
         row("format nothing", "--format none.xml", 1, "none.xml");
         row("compile", "--compile good.xml good.bgl", 0, "");
         row("compile nonsense", "--compile odd.xml odd.bgl", 1, "no BGL file was made");
+        row("compile error with its place", "--compile two.xml two.bgl", 1, "two.xml(3): row 2]");
         row("compile over itself", "--compile good.xml good.xml", 1, "name of the scenery file itself");
         row("compile into nowhere", "--compile good.xml no/such/good.bgl", 1, "no/such");
     }
