@@ -7,6 +7,7 @@
 #include <compare>
 #include <filesystem>
 #include <system_error>
+#include <tuple>
 #include <utility>
 
 namespace quillset {
@@ -19,7 +20,9 @@ struct Name {
     std::string folded;
     std::string text;
 
-    auto operator<=>(const Name&) const = default;
+    bool operator<(const Name& other) const {
+        return std::tie(folded, text) < std::tie(other.folded, other.text);
+    }
 };
 
 // The name as it can be shown; one of half a UTF-16 pair cannot be converted.
