@@ -34,12 +34,16 @@ bool isWritable(const std::string& folder) {
     return made;
 }
 
+std::string packagedDataFolder(const std::string& executableFolder) {
+    return joinPath(joinPath(folderOf(executableFolder), "share"), "quillset-xml");
+}
+
 std::string chooseDataFolder(const std::string& executableFolder, const std::string& userDataFolder,
                              const std::optional<std::string>& wanted) {
     std::string folder = userDataFolder;
     if (wanted)
         folder = *wanted;
-    else if (isWritable(executableFolder))
+    else if (!folderExists(packagedDataFolder(executableFolder)) && isWritable(executableFolder))
         folder = executableFolder;
     makeFolder(folder);
     return folder;

@@ -14,9 +14,14 @@ namespace quillset {
 /// True when a file can be made in the folder, which is tried.
 [[nodiscard]] bool isWritable(const std::string& folder);
 
+/// Where the data of a program in `executableFolder` ("bin") lies when a package has spread it over the
+/// system's folders: "share/quillset-xml" beside that one. The folder need not be there.
+[[nodiscard]] std::string packagedDataFolder(const std::string& executableFolder);
+
 /// The folder for settings and working files, made when it is missing: `wanted` when given, else the
 /// executable's own folder if it can be written (a copy that carries its settings with it), else the user's
-/// data folder. Throws RuntimeError when it cannot be made.
+/// data folder. A program that a package has put into the system's folders never takes those, also not when
+/// root could write there. Throws RuntimeError when the folder cannot be made.
 [[nodiscard]] std::string chooseDataFolder(const std::string& executableFolder,
                                            const std::string& userDataFolder,
                                            const std::optional<std::string>& wanted);

@@ -3,11 +3,35 @@
 #include "base/paths.h"
 #include "build/program_search.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace quillset {
 
 namespace {
+
+/// True when the program, links followed, lies in one of the folders.
+bool liesIn(const std::vector<std::string>& folders, const std::string& program) {
+    std::error_code failed;
+    const std::filesystem::path folder = std::filesystem::canonical(toPath(program), failed).parent_path();
+    return std::any_of(folders.begin(), folders.end(), [&](const std::string& other) {
+        return std::filesystem::equivalent(folder, toPath(other), failed) && !failed;
+    });
+}
+
+/// A package links our own compiler into the system's folder of programs. That does not make it an installed
+/// one, which would win over the user's Windows compiler.
+std::optional<std::string> findInstalledCompiler(const std::string& programFolder,
+                                                 const std::vector<std::string>& searchFolders,
+                                                 const std::vector<std::string>& ownFolders) {
+    if (std::optional<std::string> wanted = findProgram(joinPath(programFolder, "bglcomp"), {}))
+        return wanted;
+    for (const std::string& folder : searchFolders)
+        if (std::optional<std::string> found = findProgram(joinPath(folder, "bglcomp"), {});
+            found && !liesIn(ownFolders, *found))
+            return found;
+    return std::nullopt;
+}
 
 /// The Windows compiler in one of the folders; its file name is spelled in several ways.
 std::optional<std::string> findWindowsCompiler(const std::vector<std::string>& folders) {
@@ -27,14 +51,11 @@ ProcessRequest compilerCommand(const std::string& programFolder,
     const std::string searchPath = variable == nullptr ? "" : variable;
     ProcessRequest request{"bglcomp", {compileXmlName}, {programFolder, {}, foldersAfterPath}};
 
-    std::optional<std::string> compiler = findProgram(joinPath(programFolder, "bglcomp"), {});
-    if (!compiler)
-        compiler = findProgram("bglcomp", searchPath);
-    if (compiler) {
+    std::vector<std::string> folders = pathFolders(searchPath);
+    if (const auto compiler = findInstalledCompiler(programFolder, folders, foldersAfterPath)) {
         request.program = *compiler;
         return request;
     }
-    std::vector<std::string> folders = pathFolders(searchPath);
     folders.insert(folders.begin(), programFolder);
     const std::optional<std::string> wine = findProgram("wine", searchPath);
     const std::optional<std::string> windowsCompiler = findWindowsCompiler(folders);

@@ -27,8 +27,8 @@ struct TextureFolders;
 class frmPreview : public QWidget {
     Q_OBJECT
 public:
-    /// `programFolder` holds the pictures, in "pics".
-    frmPreview(const PreviewContext& context, ErrorFunctions& errors, std::string programFolder,
+    /// `pictureFolders` hold the pictures, each in "pics"; the first one that has a picture wins.
+    frmPreview(const PreviewContext& context, ErrorFunctions& errors, std::vector<std::string> pictureFolders,
                QWidget* parent = nullptr);
     ~frmPreview() override;
 
@@ -63,7 +63,7 @@ private:
 
     const PreviewContext& context_;
     ErrorFunctions& errors_;
-    std::string programFolder_;
+    std::vector<std::string> pictureFolders_;
     Turntable turntable_;
     std::unique_ptr<BuildingRenderer> renderer_;
     /// The frame on show; nothing while a picture or nothing is.

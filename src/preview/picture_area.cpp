@@ -49,13 +49,14 @@ int pictureSide(double width, double height) {
     return static_cast<int>(std::lround(std::clamp(std::min(width, height), 0.0, largest)));
 }
 
-std::optional<std::string> pictureFile(std::string_view programFolder, std::string_view key) {
-    for (const std::string_view extension : {".bmp", ".jpg"}) {
-        const std::string relative = "pics/" + lowerCase(key) + std::string(extension);
-        std::optional<std::string> found = findIgnoringCase(programFolder, relative);
-        if (found && fileExists(*found))
-            return found;
-    }
+std::optional<std::string> pictureFile(const std::vector<std::string>& folders, std::string_view key) {
+    for (const std::string& folder : folders)
+        for (const std::string_view extension : {".bmp", ".jpg"}) {
+            const std::string relative = "pics/" + lowerCase(key) + std::string(extension);
+            std::optional<std::string> found = findIgnoringCase(folder, relative);
+            if (found && fileExists(*found))
+                return found;
+        }
     return std::nullopt;
 }
 

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillset {
 
@@ -26,8 +27,9 @@ inline constexpr int twipsPerPixel = 15;
 /// The side of the square that pictures are stretched into: the smaller of the area's sizes.
 [[nodiscard]] int pictureSide(double width, double height);
 
-/// The stored picture of a catalogue key: "pics" below the program folder, a .bmp before a .jpg; letter case
-/// does not matter. Nothing when there is none.
-[[nodiscard]] std::optional<std::string> pictureFile(std::string_view programFolder, std::string_view key);
+/// The stored picture of a catalogue key: in "pics" below the first of the folders that has one, a .bmp
+/// before a .jpg; letter case does not matter. Nothing when there is none.
+[[nodiscard]] std::optional<std::string> pictureFile(const std::vector<std::string>& folders,
+                                                     std::string_view key);
 
 } // namespace quillset

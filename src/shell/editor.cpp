@@ -73,7 +73,7 @@ SessionEnvironment Editor::sessionEnvironment(const EditorEnvironment& environme
 void Editor::makeWindows() {
     ErrorFunctions& errors = session_.errors();
     tree_ = new frmObjTree(session_.catalogue(), errors, [this] { return listState(session_); });
-    preview_ = new frmPreview(*this, errors, session_.files().data);
+    preview_ = new frmPreview(*this, errors, session_.files().pictureFolders());
     properties_ = new frmObjProp(propertyEditor_, errors, [this] { return getFormDockStatus("frmObjProp"); });
     list_ = new frmXMLList(session_.list(), errors);
     window_ = std::make_unique<MDIForm1>(session_, ToolWindows{tree_, preview_, properties_, nullptr, list_});

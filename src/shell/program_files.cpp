@@ -1,6 +1,7 @@
 #include "shell/program_files.h"
 
 #include "base/paths.h"
+#include "base/program_folder.h"
 
 #include <filesystem>
 
@@ -25,16 +26,15 @@ std::vector<std::string> ProgramFiles::recoveries(const std::string& sceneryPath
 
 std::string ProgramFiles::shipped(const std::string& name) const {
     const std::string own = joinPath(data, name);
-    const std::string share = joinPath(joinPath(folderOf(executable), "share"), "quillset-xml");
-    for (const std::string& candidate : {own, joinPath(executable, name), joinPath(share, name)})
+    const std::string packaged = packagedDataFolder(executable);
+    for (const std::string& candidate : {own, joinPath(executable, name), joinPath(packaged, name)})
         if (fileExists(candidate))
             return candidate;
     return own;
 }
 
 std::vector<std::string> ProgramFiles::manualPlaces() const {
-    const std::string share = joinPath(joinPath(folderOf(executable), "share"), "quillset-xml");
-    return {joinPath(executable, "docs"), joinPath(share, "docs")};
+    return {joinPath(executable, "docs"), joinPath(packagedDataFolder(executable), "docs")};
 }
 
 std::optional<std::string> ProgramFiles::manual() const {
@@ -44,8 +44,18 @@ std::optional<std::string> ProgramFiles::manual() const {
     return std::nullopt;
 }
 
+std::vector<std::string> ProgramFiles::pictureFolders() const {
+    std::vector<std::string> folders{data};
+    for (const std::string& further : {executable, packagedDataFolder(executable)})
+        if (further != data)
+            folders.push_back(further);
+    return folders;
+}
+
 std::string ProgramFiles::compilerFolder() const {
-    return joinPath(executable, "compiler");
+    const std::string beside = joinPath(executable, "compiler");
+    const std::string packaged = joinPath(folderOf(executable), "libexec/quillset-xml/compiler");
+    return !folderExists(beside) && folderExists(packaged) ? packaged : beside;
 }
 
 } // namespace quillset

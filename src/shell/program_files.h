@@ -27,7 +27,10 @@ struct ProgramFiles {
     [[nodiscard]] std::optional<std::string> manual() const;
     /// Where the manual is looked for: beside the program, then where a Linux package puts it.
     [[nodiscard]] std::vector<std::string> manualPlaces() const;
-    /// Folder of a compiler that comes with the program; the last place where one is looked for.
+    /// The folders with a folder "pics" of the catalogue's pictures: the user's own ones come first.
+    [[nodiscard]] std::vector<std::string> pictureFolders() const;
+    /// Folder of the compiler that comes with the program: "compiler" beside the executable, else where a
+    /// Linux package puts it. The last place where one is looked for.
     [[nodiscard]] std::string compilerFolder() const;
 };
 

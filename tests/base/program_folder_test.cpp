@@ -28,6 +28,15 @@ TEST(ProgramFolder, OwnFolderIfWritableElseTheUsersUnlessOneIsWanted) {
     EXPECT_THROW((void)chooseDataFolder(own, user, file), RuntimeError) << "a file stands in the way";
 }
 
+TEST(ProgramFolder, AProgramInTheSystemsFoldersKeepsNothingThere) {
+    const test::TemporaryFolder folder;
+    folder.write("usr/bin/quillset-xml", "program");
+    const std::string user = folder.file("user");
+    EXPECT_EQ(chooseDataFolder(folder.file("usr/bin"), user, std::nullopt), folder.file("usr/bin"));
+    folder.write("usr/share/quillset-xml/generic.xml", "data of the package");
+    EXPECT_EQ(chooseDataFolder(folder.file("usr/bin"), user, std::nullopt), user);
+}
+
 TEST(InstanceFolder, EachInstanceHasItsOwn) {
     const test::TemporaryFolder folder;
     {

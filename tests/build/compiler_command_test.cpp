@@ -44,6 +44,7 @@ TEST(CompilerCommand, WhichCompilerIsTaken) {
         const char* name;
         std::vector<std::string> files;
         std::vector<std::string> words;
+        std::string linkToOurs = {};
     } rows[] = {
         {"the program folder first",
          {"program/bglcomp", "path/bglcomp", "program/bglcomp.exe", "path/wine"},
@@ -54,6 +55,14 @@ TEST(CompilerCommand, WhichCompilerIsTaken) {
         {"a Windows one through wine, before our own",
          {"program/BGLComp.exe", "path/bglcomp.exe", "path/wine", "own/bglcomp"},
          {"path/wine", "program/BGLComp.exe", "compile.xml"}},
+        {"our own one does not count as installed when it is linked into the search path",
+         {"path/wine", "program/bglcomp.exe", "own/bglcomp"},
+         {"path/wine", "program/bglcomp.exe", "compile.xml"},
+         "path/bglcomp"},
+        {"our own one in the end, though linked",
+         {"own/bglcomp"},
+         {"bglcomp", "compile.xml"},
+         "path/bglcomp"},
         {"a Windows one without wine is of no use", {"program/bglcomp.exe"}, {"bglcomp", "compile.xml"}},
         {"none: by name", {}, {"bglcomp", "compile.xml"}},
     };
@@ -61,6 +70,10 @@ TEST(CompilerCommand, WhichCompilerIsTaken) {
         const test::TemporaryFolder folder;
         for (const std::string& file : row.files)
             addProgram(folder, file);
+        if (!row.linkToOurs.empty()) {
+            std::filesystem::create_directories(toPath(folder.file("path")));
+            std::filesystem::create_symlink("../own/bglcomp", toPath(folder.file(row.linkToOurs)));
+        }
         const SearchPath path(folder.file("path"));
         const ProcessRequest request = compilerCommand(folder.file("program"), {folder.file("own")});
         std::vector<std::string> words{request.program};

@@ -60,7 +60,7 @@ void PreviewBuildingTest::init() {
     dialogs_.messages.clear();
     setBuilding("40", "2");
     host_ = std::make_unique<QWidget>();
-    window_ = new frmPreview(context_, errors_, program_.path(), host_.get());
+    window_ = new frmPreview(context_, errors_, std::vector{program_.path()}, host_.get());
     host_->resize(400, 300);
     window_->resize(310, 213);
     area_ = window_->findChild<QWidget*>(QStringLiteral("picPreview"));

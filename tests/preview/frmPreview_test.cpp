@@ -34,7 +34,7 @@ private:
 // As in the docking host: a child, so that no window manager's frame adds to its outer size.
 struct Docked {
     Docked(const PreviewContext& context, ErrorFunctions& errors, const std::string& programFolder)
-        : window(context, errors, programFolder, &host) {
+        : window(context, errors, {programFolder}, &host) {
         host.resize(500, 500);
     }
     QWidget host;

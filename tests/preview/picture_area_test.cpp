@@ -44,12 +44,16 @@ TEST(PictureFile, bitmapComesFirstAndLetterCaseIsFree) {
     program.write("Pics/ABC.BMP", "bitmap");
     program.write("Pics/only.jpg", "jpeg");
     program.write("Pics/folder.bmp/inside", "x");
+    const test::TemporaryFolder shipped;
+    shipped.write("pics/only.bmp", "shipped");
+    shipped.write("pics/further.bmp", "further");
     const auto contentOf = [&](std::string_view key) {
-        const std::optional<std::string> file = pictureFile(program.path(), key);
+        const std::optional<std::string> file = pictureFile({program.path(), shipped.path()}, key);
         return file ? readWholeFile(*file) : "none";
     };
     EXPECT_EQ(contentOf("aBc"), "bitmap");
-    EXPECT_EQ(contentOf("ONLY"), "jpeg");
+    EXPECT_EQ(contentOf("ONLY"), "jpeg") << "the user's own one wins";
+    EXPECT_EQ(contentOf("further"), "further");
     EXPECT_EQ(contentOf("missing"), "none");
     EXPECT_EQ(contentOf("folder"), "none");
     EXPECT_EQ(contentOf(""), "none");

@@ -22,6 +22,16 @@ TEST(RuntimeFiles, LooksInTheProgramFolderAndTheSystemFolders) {
     EXPECT_FALSE(RuntimeFiles(folder.file("program"), "").present("new.dll")) << "no windir";
 }
 
+TEST(ProgramFiles, TheCompilerOfAPackageIsFoundUnlessOneLiesBesideTheProgram) {
+    const test::TemporaryFolder folder;
+    const ProgramFiles files{folder.file("usr/bin"), folder.file("home"), folder.file("home")};
+    EXPECT_EQ(toPath(files.compilerFolder()), toPath(folder.file("usr/bin/compiler")));
+    folder.write("usr/libexec/quillset-xml/compiler/bglcomp", "x");
+    EXPECT_EQ(toPath(files.compilerFolder()), toPath(folder.file("usr/libexec/quillset-xml/compiler")));
+    folder.write("usr/bin/compiler/bglcomp", "x");
+    EXPECT_EQ(toPath(files.compilerFolder()), toPath(folder.file("usr/bin/compiler")));
+}
+
 TEST(ProgramFiles, AUsersOwnCopyOfAShippedFileWins) {
     const test::TemporaryFolder folder;
     const ProgramFiles files{folder.file("opt/bin"), folder.file("home"), folder.file("home")};

@@ -69,7 +69,7 @@ TEST_F(SampleSimulatorTest, EveryPictureBelongsToAnObject) {
     }
     EXPECT_EQ(different.size(), pictures.size());
     for (NodeId id = 0; id < tree.nodes().size(); ++id)
-        found += pictureFile(folder.file("program"), tree.nodes().at(id).key) ? 1U : 0U;
+        found += pictureFile({folder.file("program")}, tree.nodes().at(id).key) ? 1U : 0U;
     EXPECT_EQ(found, pictures.size());
 }
 
