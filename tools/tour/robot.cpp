@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QScreen>
+#include <QSet>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -151,6 +152,19 @@ void Robot::pressButton(QWidget* dialog, const QString& text) {
 void Robot::waitFor(const std::function<bool()>& condition, const QString& what) {
     if (!QTest::qWaitFor(condition, 10000))
         throw TourError("waited in vain for " + what.toStdString());
+}
+
+int Robot::coloursIn(const QWidget& widget) const {
+    const QPoint place = widget.mapToGlobal(QPoint());
+    const QImage seen = QGuiApplication::primaryScreen()
+                            ->grabWindow(0, place.x(), place.y(), widget.width(), widget.height())
+                            .toImage()
+                            .convertToFormat(QImage::Format_RGB32);
+    QSet<QRgb> colours;
+    for (int y = 0; y < seen.height(); ++y)
+        for (int x = 0; x < seen.width(); ++x)
+            colours.insert(seen.pixel(x, y));
+    return static_cast<int>(colours.size());
 }
 
 void Robot::picture(const QString& name) {

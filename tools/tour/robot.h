@@ -47,6 +47,9 @@ public:
     void waitFor(const std::function<bool()>& condition, const QString& what);
     void settle();
 
+    /// How many different colours a widget shows on the screen: many where there is a textured picture.
+    [[nodiscard]] int coloursIn(const QWidget& widget) const;
+
     /// A picture of the whole screen (of the active window where the screen cannot be read).
     void picture(const QString& name);
     [[nodiscard]] int pictures() const { return count_; }

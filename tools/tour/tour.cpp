@@ -110,6 +110,8 @@ void Tour::addObjects() {
     }
     expectRows(5);
     clickRow(3);
+    robot_.waitFor([&] { return robot_.coloursIn(*robot_.find("picPreview")) > 100; },
+                   QStringLiteral("the building in the preview"));
     robot_.picture(QStringLiteral("building"));
 }
 
