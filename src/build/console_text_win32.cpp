@@ -6,6 +6,15 @@ namespace quillset {
 
 namespace {
 
+// The system's ANSI code page. Not CP_ACP: this program's own is UTF-8, which its manifest asks for, while
+// the command interpreter and the compiler go by the system's.
+UINT systemCodePage() {
+    UINT page = 0;
+    const int done = GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                                    reinterpret_cast<wchar_t*>(&page), sizeof page / sizeof(wchar_t));
+    return done != 0 && page != 0 ? page : CP_ACP;
+}
+
 std::wstring wideText(std::string_view bytes, UINT codePage) {
     const int length = static_cast<int>(bytes.size());
     std::wstring wide(
@@ -27,11 +36,11 @@ std::string narrowText(const std::wstring& wide, UINT codePage) {
 } // namespace
 
 std::string toConsoleCodePage(std::string_view utf8) {
-    return utf8.empty() ? std::string() : narrowText(wideText(utf8, CP_UTF8), CP_ACP);
+    return utf8.empty() ? std::string() : narrowText(wideText(utf8, CP_UTF8), systemCodePage());
 }
 
 std::string fromConsoleCodePage(std::string_view bytes) {
-    return bytes.empty() ? std::string() : narrowText(wideText(bytes, CP_ACP), CP_UTF8);
+    return bytes.empty() ? std::string() : narrowText(wideText(bytes, systemCodePage()), CP_UTF8);
 }
 
 } // namespace quillset
