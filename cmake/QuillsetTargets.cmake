@@ -9,10 +9,11 @@ target_compile_options(quillset_warnings INTERFACE
     $<$<AND:$<CXX_COMPILER_ID:GNU>,$<NOT:$<CONFIG:Debug>>>:-Wno-restrict>
     # One rounding per operation on every processor: results must agree between the platforms.
     $<$<CXX_COMPILER_ID:GNU,Clang>:-ffp-contract=off>
-    $<$<CXX_COMPILER_ID:MSVC>:/W4 /utf-8 /fp:precise>)
+    $<$<CXX_COMPILER_ID:MSVC>:/W4 /utf-8 /fp:precise /bigobj>)
 target_compile_definitions(quillset_warnings INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
-    $<$<BOOL:${WIN32}>:NOMINMAX WIN32_LEAN_AND_MEAN UNICODE _UNICODE _WIN32_WINNT=0x0A00>)
+    $<$<BOOL:${WIN32}>:NOMINMAX WIN32_LEAN_AND_MEAN UNICODE _UNICODE _WIN32_WINNT=0x0A00>
+    $<$<CXX_COMPILER_ID:MSVC>:_CRT_SECURE_NO_WARNINGS>) # it calls the standard library's own functions unsafe
 if(QUILLSET_WERROR)
     target_compile_options(quillset_warnings INTERFACE
         $<$<CXX_COMPILER_ID:GNU,Clang>:-Werror> $<$<CXX_COMPILER_ID:MSVC>:/WX>)

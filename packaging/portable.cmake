@@ -1,11 +1,11 @@
 # The libraries and the toolkit's plugins that a portable folder carries, and their licences.
 get_target_property(qt_core Qt6::Core LOCATION)
 get_filename_component(qt_libraries ${qt_core} DIRECTORY)
+set(qt_plugins ${QT6_INSTALL_PREFIX}/${QT6_INSTALL_PLUGINS})
 if(WIN32)
     # Qt finds its plugins beside the program without being told.
     set(library_folder .)
     set(plugin_folder .)
-    set(qt_plugins ${qt_libraries}/../plugins)
     install(DIRECTORY ${qt_libraries}/../licenses/ DESTINATION licences OPTIONAL)
     foreach(package IN ITEMS gcc-mingw-w64-x86-64-posix-runtime mingw-w64-x86-64-dev)
         install(FILES /usr/share/doc/${package}/copyright DESTINATION licences RENAME ${package}.txt OPTIONAL)
@@ -14,7 +14,6 @@ if(WIN32)
 else()
     set(library_folder lib)
     set(plugin_folder plugins)
-    set(qt_plugins ${QT6_INSTALL_PREFIX}/${QT6_INSTALL_PLUGINS})
     set(wanted_plugins platforms/libqxcb platforms/libqoffscreen imageformats/libqjpeg imageformats/libqico
         xcbglintegrations/libqxcb-glx-integration xcbglintegrations/libqxcb-egl-integration
         platforminputcontexts/libcomposeplatforminputcontextplugin
