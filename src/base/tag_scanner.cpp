@@ -3,6 +3,7 @@
 #include "base/xml_characters.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace quillset {
@@ -13,8 +14,16 @@ bool isBlank(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return hasClass(c, xml_byte::space); });
 }
 
+// A table: half of a document's bytes are names.
+constexpr std::array<bool, 256> nameEnds = [] {
+    std::array<bool, 256> ends{};
+    for (const char c : {' ', '\t', '\r', '\n', '=', '/', '>'})
+        ends[static_cast<unsigned char>(c)] = true;
+    return ends;
+}();
+
 bool endsName(char c) {
-    return hasClass(c, xml_byte::space) || c == '=' || c == '/' || c == '>';
+    return nameEnds[static_cast<unsigned char>(c)];
 }
 
 // The character of "#65" or "#x41", or of a predefined entity's name.
