@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -194,7 +195,7 @@ void frmCompile::runEnds(CompileOutcome outcome) {
     const QTextDocument& log = *txt_compile_log_->document();
     lbl_run_->setText(outcomeText(outcome, !log.isEmpty()) +
                       (namesAPlace(log)
-                           ? QStringLiteral(" Double-click a message, or press Enter on it, to select the "
+                           ? QStringLiteral(" Click a message, or press Enter on it, to select the "
                                             "placement it is about.")
                            : QString()));
     txt_compile_log_->setFocus();
@@ -255,10 +256,12 @@ void frmCompile::appendEdit(const ConsoleEdit& edit) {
 }
 
 bool frmCompile::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == txt_compile_log_->viewport() && event->type() == QEvent::MouseButtonDblClick) {
-        const bool handled = QDialog::eventFilter(watched, event);
-        activateLine();
-        return handled;
+    if (watched == txt_compile_log_->viewport() && event->type() == QEvent::MouseButtonRelease) {
+        // Pressing the button has put the cursor there; who selects text means something else.
+        const bool left = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+        if (left && !txt_compile_log_->textCursor().hasSelection())
+            activateLine();
+        return false;
     }
     if (event->type() != QEvent::KeyPress)
         return QDialog::eventFilter(watched, event);

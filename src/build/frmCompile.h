@@ -33,7 +33,7 @@ public:
     void showModal() override;
 
 signals:
-    /// A double click or Enter on a line of the log; `column` counts characters from 0.
+    /// A click or Enter on a line of the log; `column` counts characters from 0.
     void lineActivated(const QString& line, int column);
 
 public slots:
