@@ -21,8 +21,6 @@ namespace quillset {
 namespace {
 
 constexpr const char* labelField = "DXF_LABEL";
-/// No text of a position can be written without an exponent from here on.
-constexpr double tooFar = 1e15;
 
 bool isUtf8(const std::string& text) {
     for (const char* at = text.c_str(); at != text.data() + text.size();) {
@@ -80,7 +78,7 @@ public:
         const double latitude = rdToWgs84Lat(shape->padfX[0], shape->padfY[0]);
         const double longitude = rdToWgs84Lon(shape->padfX[0], shape->padfY[0]);
         // Written so that what is no number is out of range, too.
-        if (!(std::abs(latitude) < tooFar && std::abs(longitude) < tooFar))
+        if (!(std::abs(latitude) <= 90.0 && std::abs(longitude) <= 180.0))
             return ShapeFault::outOfRange;
         if (DBFIsRecordDeleted(table_.get(), index) != 0)
             return index < DBFGetRecordCount(table_.get()) ? ShapeFault::deletedRecord : ShapeFault::noRecord;

@@ -20,7 +20,7 @@ enum class ShapeFault {
     damaged,       ///< it cannot be read
     noCoordinates, ///< it is a null shape
     noPoint,       ///< it is something else than the point that the file promises
-    outOfRange,    ///< its coordinates are no numbers, or far from anything on the globe
+    outOfRange,    ///< its coordinates are no numbers, or no place on the globe
     noRecord,      ///< the table has no record for it, or a damaged one
     deletedRecord, ///< its record is marked as deleted
 };
