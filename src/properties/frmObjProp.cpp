@@ -75,6 +75,7 @@ void frmObjProp::connectGrid() {
     connect(grid_, &PropertyGrid::menuWanted, this, [this] {
         const QRect cell = grid_->valueCell(editor_.currentRow());
         showMenu(editor_.currentRow(), grid_->viewport()->mapToGlobal(cell.bottomLeft()));
+        mCoordinate_->setActiveAction(mCoorEntry_[0]); // the keyboard goes on from there
     });
     connect(grid_, &PropertyGrid::cellsMoved, this, [this] {
         if (editors_->isOpen())

@@ -422,6 +422,14 @@ void frmObjPropTest::coordinateMenu() {
     w.clickRow("alt", valueColumn, Qt::RightButton);
     QVERIFY(!menu->isVisible());
     QCOMPARE(w.editor.currentRow(), w.rowOf("alt"));
+    // By the keyboard alone.
+    w.simulated = 20;
+    w.clickRow("lat", nameColumn);
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, {5, 5}, w.grid().mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&w.grid(), &asked);
+    QVERIFY(menu->isVisible());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    QCOMPARE(w.stored(0, "lat"), "20");
     // By key after a right click on another row: the row decides, not the last captions.
     w.clickRow("lat", nameColumn);
     w.simulated = 10;
