@@ -72,7 +72,7 @@ private slots:
         row("compile nonsense", "--compile odd.xml odd.bgl", 1, "no BGL file was made");
         row("compile error with its place", "--compile two.xml two.bgl", 1, "two.xml(3): row 2]");
         row("compile over itself", "--compile good.xml good.xml", 1, "name of the scenery file itself");
-        row("compile into nowhere", "--compile good.xml no/such/good.bgl", 1, "no/such");
+        row("compile into nowhere", "--compile good.xml no/such/good.bgl", 1, "such");
     }
     void exitCodes() {
         QFETCH(QStringList, arguments);
