@@ -104,16 +104,6 @@ XmlRead readBuffer(TextBuffer buffer, pugi::xml_document& document) {
     return {true, choice.encoding, {}};
 }
 
-// A document in one of these encodings is read as UTF-8 when it does not name it.
-bool mustBeDeclared(TextEncoding encoding) {
-    return !fits(0xFFFD, encoding);
-}
-
-TextEncoding encodingToWrite(const pugi::xml_node& document, TextEncoding wanted) {
-    const bool misread = mustBeDeclared(wanted) && document.first_child().type() != pugi::node_declaration;
-    return misread ? TextEncoding::utf8 : wanted;
-}
-
 // The text in UTF-8; nothing when a character does not fit into the encoding where no reference may stand.
 std::optional<std::string> writtenFor(TextEncoding encoding, const pugi::xml_node& document,
                                       XmlWriter::Layout layout) {

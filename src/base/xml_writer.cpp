@@ -86,6 +86,12 @@ bool isEmptyText(const pugi::xml_node& node) {
 
 } // namespace
 
+TextEncoding encodingToWrite(const pugi::xml_node& document, TextEncoding wanted) {
+    const bool mustBeDeclared = !fits(0xFFFD, wanted);
+    const bool misread = mustBeDeclared && document.first_child().type() != pugi::node_declaration;
+    return misread ? TextEncoding::utf8 : wanted;
+}
+
 void XmlWriter::writeNode(const pugi::xml_node& node) {
     switch (node.type()) {
     case pugi::node_document:
@@ -135,6 +141,10 @@ void XmlWriter::writeElement(const pugi::xml_node& node) {
     out_.put('>');
     for (pugi::xml_node child = first; child; child = child.next_sibling())
         writeNode(child);
+    if (note_ && node == noted_) {
+        out_.flush();
+        note_();
+    }
     openTag("</");
     writeName(node.name());
     out_.put('>');

@@ -10,6 +10,10 @@
 
 namespace quillset {
 
+/// The encoding to write a document in: UTF-8 in the place of one that readers could not tell, because the
+/// document has no declaration to name it.
+[[nodiscard]] TextEncoding encodingToWrite(const pugi::xml_node& document, TextEncoding wanted);
+
 /// Writes XML nodes as text in UTF-8, in pieces, that can be encoded as asked: a character that does not fit
 /// is written as a numeric reference where one may stand. What is written can be read again, whatever the
 /// nodes hold: characters that XML cannot hold are left out, bytes that are no UTF-8 become U+FFFD.
@@ -23,6 +27,11 @@ public:
         , layout_(layout)
         , holdsAll_(fits(0xFFFD, encoding)) {}
 
+    /// `note` is called when everything before the end tag of that element has been passed on.
+    void noteBeforeEndOf(const pugi::xml_node& element, std::function<void()> note) {
+        noted_ = element;
+        note_ = std::move(note);
+    }
     /// A node with all below it; of a document all its nodes. Once for each writer.
     void write(const pugi::xml_node& node) {
         writeNode(node);
@@ -56,6 +65,8 @@ private:
     Layout layout_;
     bool holdsAll_;
     bool failed_ = false;
+    pugi::xml_node noted_;
+    std::function<void()> note_;
 };
 
 } // namespace quillset

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,8 @@ namespace quillset {
 
 class ActivityLine;
 class ErrorFunctions;
+class GrowingXml;
+struct NewPlacement;
 class UndoJournal;
 enum class UndoKind;
 
@@ -107,6 +110,12 @@ public:
 
     bool setProperty(int placementIndex, int propertyIndex, const std::string& text);
     bool addNewObject(const std::string& key, double latitude, double longitude, bool insertBefore);
+    /// Adds placements at the end, one after another, each with an undo step of its own, as so many calls of
+    /// addNewObject() would; selection and sheet follow once, at the end. Their headings are the simulator's.
+    /// Before each one `goOn` is asked, with the number added so far. Gives the number added in the end: less
+    /// than all when `goOn` said no or when a snapshot failed (which was reported).
+    std::size_t addNewObjects(std::span<const NewPlacement> placements,
+                              const std::function<bool(std::size_t added)>& goOn);
     bool UpdateObject(const std::string& key);
     bool removeObject();
     bool moveUp();
@@ -139,7 +148,7 @@ private:
     void refreshAround(std::size_t first, std::size_t count);
     void showPlacement(std::size_t placement);
     void clearSheet();
-    bool record(UndoKind kind, const char* procedure);
+    bool record(UndoKind kind, const char* procedure, const GrowingXml* serialised = nullptr);
     bool follow(std::optional<std::size_t> movedTo);
 
     SceneryDocument& document_;

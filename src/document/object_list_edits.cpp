@@ -43,6 +43,35 @@ bool ObjectList::addNewObject(const std::string& key, double latitude, double lo
     return true;
 }
 
+std::size_t ObjectList::addNewObjects(std::span<const NewPlacement> placements,
+                                      const std::function<bool(std::size_t added)>& goOn) {
+    if (!document_.isOpen())
+        return 0;
+    commitEdits();
+    // Asked for once: a simulator that answers slowly would be waited for at every point.
+    const double heading = readHeading_();
+    // From the first placement on: making each snapshot's text anew would cost the square of their number.
+    std::optional<GrowingXml> text;
+    std::size_t added = 0;
+    std::optional<std::size_t> last;
+    for (const NewPlacement& placement : placements) {
+        if (!goOn(added) || !record(UndoKind::addObject, "addNewObject", text ? &*text : nullptr))
+            break;
+        last = addPlacement(document_, {placement.key, placement.latitude, placement.longitude, heading},
+                            std::nullopt);
+        ++added;
+        if (text)
+            text->append(document_.placement(*last).previous_sibling());
+        else
+            text.emplace(document_.growingSerialisation());
+    }
+    if (last) {
+        selectRow(rowOf(*last));
+        XMLListClick();
+    }
+    return added;
+}
+
 bool ObjectList::UpdateObject(const std::string& key) {
     commitEdits();
     const auto placement = selectedPlacement();
@@ -121,11 +150,14 @@ void ObjectList::commitEdits() {
         sheet_->commitOpenEditor();
 }
 
-bool ObjectList::record(UndoKind kind, const char* procedure) {
+bool ObjectList::record(UndoKind kind, const char* procedure, const GrowingXml* serialised) {
     try {
         if (!document_.hasRoot())
             throw RuntimeError(ErrorNumber::objectNotSet, "The document has no root element to edit");
-        journal_.record(kind);
+        if (serialised != nullptr)
+            journal_.record(kind, *serialised);
+        else
+            journal_.record(kind);
         return true;
     } catch (const RuntimeError& error) {
         errors_.report(error.number(), error.what(), procedure, objectListForm);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/growing_xml.h"
 #include "base/notifier.h"
 #include "base/xml_file.h"
 
@@ -66,6 +67,9 @@ public:
     [[nodiscard]] std::string fileBytes() const;
     /// The tree on one line, in the encoding of the file where that holds all characters; a snapshot is that.
     [[nodiscard]] std::string serialise() const;
+    /// The same, to be kept up to date while placements are added to the end. The root element must have a
+    /// child; the document must not change otherwise meanwhile.
+    [[nodiscard]] GrowingXml growingSerialisation() const { return {*tree_, encoding_}; }
 
     /// The root element; a null node when there is none.
     [[nodiscard]] pugi::xml_node root() const;

@@ -1,5 +1,6 @@
 #include "document/undo_journal.h"
 
+#include "base/growing_xml.h"
 #include "base/paths.h"
 #include "base/runtime_error.h"
 #include "document/scenery_document.h"
@@ -24,14 +25,15 @@ RuntimeError lastError(const std::string& path) {
 
 /// Snapshots serve the running program only, so nothing is forced to the disk here; but the file gets its
 /// name when it is complete, so that one cut short is never taken for a good one.
-void writeSnapshot(const std::string& path, std::string_view bytes) {
+void writeSnapshot(const std::string& path, std::initializer_list<std::string_view> parts) {
     const std::string working = path + ".part";
     std::error_code ignored;
     errno = 0;
     std::ofstream out(toPath(working), std::ios::binary | std::ios::trunc);
     if (!out)
         throw lastError(path);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    for (const std::string_view part : parts)
+        out.write(part.data(), static_cast<std::streamsize>(part.size()));
     out.close();
     if (!out) {
         const RuntimeError failure = lastError(path);
@@ -72,11 +74,24 @@ UndoJournal::UndoJournal(SceneryDocument& document, std::string folder)
     , folder_(std::move(folder)) {}
 
 void UndoJournal::record(UndoKind kind) {
+    requireRoom();
+    write(kind, {document_.serialise()});
+}
+
+void UndoJournal::record(UndoKind kind, const GrowingXml& serialised) {
+    requireRoom();
+    write(kind, {serialised.head(), serialised.tail()});
+}
+
+void UndoJournal::requireRoom() const {
     if (!document_.isOpen())
         throw RuntimeError(ErrorNumber::objectNotSet);
     if (count() >= maximumCount)
         throw RuntimeError(ErrorNumber::subscriptOutOfRange);
-    writeSnapshot(snapshotPath(count()), document_.serialise());
+}
+
+void UndoJournal::write(UndoKind kind, std::initializer_list<std::string_view> bytes) {
+    writeSnapshot(snapshotPath(count()), bytes);
     kinds_.push_back(kind);
     highestCount_ = std::max(highestCount_, count());
 }

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillset {
 
+class GrowingXml;
 class SceneryDocument;
 
 /// The kind of edit that a snapshot precedes.
@@ -25,6 +28,8 @@ public:
     /// Writes the open document into the next snapshot file. Call it before the edit: when it throws
     /// (RuntimeError: stack full, disk full, ...) nothing was recorded and the edit must not happen.
     void record(UndoKind kind);
+    /// The same with the document's serialisation at hand, which must be up to date.
+    void record(UndoKind kind, const GrowingXml& serialised);
 
     /// Puts the last snapshot in the place of the open document and returns the caption it had. A missing or
     /// damaged snapshot leaves an empty document; the count goes down all the same. Nothing when the journal
@@ -34,6 +39,9 @@ public:
     /// "Undo" when there is nothing to undo, else what would be undone ("Undo add object").
     [[nodiscard]] std::string caption() const;
     [[nodiscard]] std::size_t count() const { return kinds_.size(); }
+    /// How many more snapshots can be recorded.
+    [[nodiscard]] std::size_t room() const { return maximumCount - count(); }
+    [[nodiscard]] const std::string& folder() const { return folder_; }
     [[nodiscard]] bool canUndo() const { return !kinds_.empty(); }
 
     /// Forgets the stack; the files stay until they are overwritten or deleted.
@@ -43,6 +51,8 @@ public:
     void deleteSnapshots();
 
 private:
+    void requireRoom() const;
+    void write(UndoKind kind, std::initializer_list<std::string_view> bytes);
     [[nodiscard]] std::string snapshotPath(std::size_t position) const;
 
     SceneryDocument& document_;

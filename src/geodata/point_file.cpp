@@ -67,7 +67,7 @@ public:
     [[nodiscard]] bool hasLabels() const { return label_ >= 0; }
     [[nodiscard]] int count() const { return count_; }
 
-    [[nodiscard]] std::variant<ImportPoint, ShapeFault> point(int index) {
+    [[nodiscard]] std::variant<NewPlacement, ShapeFault> point(int index) {
         const ShapeHandle shape(SHPReadObject(shapes_.get(), index));
         if (!shape)
             return ShapeFault::damaged;
@@ -85,7 +85,7 @@ public:
         const std::optional<std::string> key = label(index);
         if (!key)
             return ShapeFault::noRecord;
-        return ImportPoint{latitude, longitude, *key};
+        return NewPlacement{*key, latitude, longitude, 0};
     }
 
 private:
@@ -207,7 +207,7 @@ PointFile readPointFile(PointFileBytes bytes, const std::string& path) {
     else
         for (int i = 0; i < reader.count(); ++i) {
             auto read = reader.point(i);
-            if (auto* const point = std::get_if<ImportPoint>(&read))
+            if (auto* const point = std::get_if<NewPlacement>(&read))
                 result.points.push_back(std::move(*point));
             else
                 result.skipped.push_back({static_cast<std::size_t>(i), std::get<ShapeFault>(read)});

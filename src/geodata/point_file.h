@@ -1,19 +1,12 @@
 #pragma once
 
+#include "document/new_placement.h"
+
 #include <cstddef>
 #include <string>
 #include <vector>
 
 namespace quillset {
-
-/// A point that can become a placement: WGS84 degrees, and the catalogue key that its label names.
-struct ImportPoint {
-    double latitude = 0;
-    double longitude = 0;
-    std::string key;
-
-    bool operator==(const ImportPoint&) const = default;
-};
 
 /// Why a shape gives no placement.
 enum class ShapeFault {
@@ -38,7 +31,8 @@ struct PointFile {
     /// Whether the file can be imported at all.
     enum class Verdict { points, otherShapes, noLabels };
     Verdict verdict = Verdict::points;
-    std::vector<ImportPoint> points;
+    /// Their positions in WGS84 degrees, with the keys that their labels name; headings are 0.
+    std::vector<NewPlacement> points;
     std::vector<SkippedShape> skipped;
 };
 

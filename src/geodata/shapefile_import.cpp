@@ -1,7 +1,6 @@
 #include "geodata/shapefile_import.h"
 
 #include "base/runtime_error.h"
-#include "document/new_placement.h"
 #include "document/scenery_document.h"
 
 #include <utility>
@@ -12,8 +11,8 @@ ImportResult importShapefile(SceneryDocument& document, const std::string& path)
     if (!document.hasRoot())
         throw RuntimeError(ErrorNumber::objectNotSet);
     PointFile file = readPointFile(path);
-    for (const ImportPoint& point : file.points)
-        addPlacement(document, {point.key, point.latitude, point.longitude, 0}, std::nullopt);
+    for (const NewPlacement& point : file.points)
+        addPlacement(document, point, std::nullopt);
     return {file.verdict, file.points.size(), std::move(file.skipped)};
 }
 

@@ -186,7 +186,7 @@ TEST_F(ShapefileImport, DamagedFilesNeverCrash) {
             ++read;
             if (result.verdict != PointFile::Verdict::points)
                 continue;
-            for (const ImportPoint& point : result.points)
+            for (const NewPlacement& point : result.points)
                 ASSERT_TRUE(std::isfinite(point.latitude) && std::isfinite(point.longitude));
         } catch (const RuntimeError&) {
         }
