@@ -58,6 +58,9 @@ public:
     /// Path as it was chosen; empty when no document is open.
     [[nodiscard]] const std::string& path() const { return path_; }
 
+    /// The encoding in which the file is written, where that holds all its characters.
+    [[nodiscard]] TextEncoding encoding() const { return encoding_; }
+
     /// Writes the file, every tag on its own line and in the encoding it was read in, so that the old or the
     /// new file is on disk whatever happens; then the document has that path. Throws RuntimeError, with
     /// nothing changed, when the file cannot be written and for a document without a root element: writing it

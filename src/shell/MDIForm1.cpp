@@ -44,8 +44,7 @@ MDIForm1::MDIForm1(Session& session, const ToolWindows& windows)
     docks_.add(windows.frmObjTree, tr("Objects"));
     docks_.add(windows.frmPreview, tr("Preview"));
     docks_.add(windows.frmObjProp, tr("Properties"));
-    if (windows.frmCoorConv != nullptr)
-        docks_.add(windows.frmCoorConv, tr("Coordinate conversion"));
+    docks_.add(windows.frmCoorConv, QStringLiteral("Coordinate conversion"));
     // The list's commands act on the list alone: Del in the catalogue or in the sheet must not remove a
     // placement.
     for (const char* const name : {"mRemoveObject", "mMoveUp", "mMoveDown"}) {
@@ -195,8 +194,7 @@ void MDIForm1::dockWindows() {
         layout.visible = true;
         docks_.apply(QLatin1String(name), layout);
     }
-    if (docks_.dock(QStringLiteral("frmCoorConv")) != nullptr)
-        docks_.apply(QStringLiteral("frmCoorConv"), {4, false, false});
+    docks_.apply(QStringLiteral("frmCoorConv"), {4, false, false});
     resizeDocks({docks_.dock(QStringLiteral("frmObjTree")), docks_.dock(QStringLiteral("frmObjProp"))},
                 {300, 320}, Qt::Horizontal);
     // Else the sheet, which has rows to show, would leave the preview above it no room at all.
@@ -214,6 +212,18 @@ void MDIForm1::dockWindows() {
             docks_.apply(QLatin1String(name), wanted);
         docks_.dock(QLatin1String(name))->setVisible(wanted.visible);
     }
+    docks_.dock(QStringLiteral("frmCoorConv"))->hide(); // also when it was left open
+}
+
+void MDIForm1::showConversion() {
+    QDockWidget* const dock = docks_.dock(QStringLiteral("frmCoorConv"));
+    dock->show();
+    if (dock->isFloating() && !conversionShown_)
+        dock->move(geometry().center() - dock->rect().center());
+    conversionShown_ = true;
+    dock->raise();
+    dock->activateWindow();
+    dock->widget()->setFocus();
 }
 
 void MDIForm1::storeArrangement() {

@@ -47,6 +47,8 @@ public:
     /// Remembers size, place and the exact arrangement of the docks for the next run.
     void storeArrangement();
 
+    /// Shows the conversion window, ready for typing.
+    void showConversion();
     void showDocument(const QString& caption);
     void hideDocument();
     void showContextMenu(const QPoint& globalPlace);
@@ -86,6 +88,7 @@ private:
     std::function<void(std::size_t)> openRecent_;
     std::function<bool()> shutDown_;
     std::function<void()> firstShown_;
+    bool conversionShown_ = false;
     std::vector<Connection> connections_;
 };
 

@@ -15,10 +15,8 @@ std::map<std::string_view, bool> commandStates(Session& session) {
         {"mSave", open},
         {"mSaveAs", open},
         {"mCompile", open},
-        // The exchange with GIS files is not part of this version yet.
-        {"mExportSHP", false},
-        {"mImportSHP", false},
-        {"mCoorConv", false},
+        {"mExportSHP", open},
+        {"mImportSHP", editable},
         {"mClose", open},
         {"mUndo", session.journal().canUndo()},
         {"mAddNewBefore", editable && tree.addNewBefore && list.addBefore},

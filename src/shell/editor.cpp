@@ -6,6 +6,7 @@
 #include "document/frmXMLList.h"
 #include "document/placement.h"
 #include "document/placement_ranges.h"
+#include "geodata/frmCoorConv.h"
 #include "preview/frmPreview.h"
 #include "preview/texture_loader.h"
 #include "properties/frmObjProp.h"
@@ -16,6 +17,7 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QLabel>
+#include <QLocale>
 #include <QSysInfo>
 #include <QTimer>
 
@@ -45,11 +47,13 @@ Editor::Editor(const EditorEnvironment& environment)
     , objectCommands_(session_)
     , registrationCommands_(session_)
     , helpCommands_(session_, [this] { return link_.status().text + ": " + link_.status().explanation; })
+    , geodataCommands_(session_, progress_)
     , propertyTarget_(session_.document(), session_.list())
     , propertyEditor_(propertyTarget_, session_.document(), positionLink(position_), session_.errors()) {
     session_.list().showPropertiesIn(&propertyEditor_);
     makeWindows();
     connectCommands();
+    connectGeodata();
     connectWindows();
     connectSimulator();
 }
@@ -76,7 +80,13 @@ void Editor::makeWindows() {
     preview_ = new frmPreview(*this, errors, session_.files().pictureFolders());
     properties_ = new frmObjProp(propertyEditor_, errors, [this] { return getFormDockStatus("frmObjProp"); });
     list_ = new frmXMLList(session_.list(), errors);
-    window_ = std::make_unique<MDIForm1>(session_, ToolWindows{tree_, preview_, properties_, nullptr, list_});
+    const auto write = [this](const std::string& name, const std::string& text) {
+        propertyEditor_.writeNamed(name, text);
+    };
+    auto* const conversion = new frmCoorConv(write, QLocale::system().decimalPoint());
+    window_ =
+        std::make_unique<MDIForm1>(session_, ToolWindows{tree_, preview_, properties_, conversion, list_});
+    progress_.setParent(window_.get());
     auto* const log = new frmCompile(window_.get());
     compileCommand_.emplace(session_, *processes_, *log);
     QObject::connect(log, &frmCompile::lineActivated, window_.get(),
@@ -123,6 +133,12 @@ void Editor::connectCommands() {
         finish();
         return true;
     });
+}
+
+void Editor::connectGeodata() {
+    window_->setCommand("mExportSHP", [this] { geodataCommands_.exportShapefile(); });
+    window_->setCommand("mImportSHP", [this] { geodataCommands_.importPoints(); });
+    window_->setCommand("mCoorConv", [this] { window_->showConversion(); });
 }
 
 void Editor::connectWindows() {

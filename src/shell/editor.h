@@ -8,8 +8,10 @@
 #include "shell/compile_command.h"
 #include "shell/document_commands.h"
 #include "shell/frmSplash.h"
+#include "shell/geodata_commands.h"
 #include "shell/help_commands.h"
 #include "shell/object_commands.h"
+#include "shell/progress_window.h"
 #include "shell/qt_clock.h"
 #include "shell/registration_commands.h"
 #include "shell/session.h"
@@ -61,6 +63,7 @@ private:
     SessionEnvironment sessionEnvironment(const EditorEnvironment& environment);
     void makeWindows();
     void connectCommands();
+    void connectGeodata();
     void connectWindows();
     void connectSimulator();
     void showWaiting(Waiting waiting);
@@ -96,6 +99,8 @@ private:
     ObjectCommands objectCommands_;
     RegistrationCommands registrationCommands_;
     HelpCommands helpCommands_;
+    ProgressWindow progress_;
+    GeodataCommands geodataCommands_;
     DocumentTarget propertyTarget_;
     PropertyEditor propertyEditor_;
     std::unique_ptr<frmSplash> splash_;

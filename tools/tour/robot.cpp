@@ -64,6 +64,16 @@ void Robot::type(const QString& text) {
     settle();
 }
 
+void Robot::typeInto(QWidget* field, const QString& text) {
+    field->window()->activateWindow();
+    if (!QTest::qWaitForWindowActive(field->window()))
+        throw TourError("a window does not become active");
+    click(field);
+    for (const QChar character : text)
+        QTest::keyClick(field->window()->windowHandle(), character.toLatin1());
+    settle();
+}
+
 void Robot::click(QWidget* widget, const QPoint& place, Qt::MouseButton button) {
     QTest::mouseClick(widget->window()->windowHandle(), button, Qt::NoModifier,
                       widget->mapTo(widget->window(), place));

@@ -27,6 +27,8 @@ public:
     /// A key to the window that has the focus.
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString& text);
+    /// Clicks a field, in whatever window, and types into it.
+    void typeInto(QWidget* field, const QString& text);
     void click(QWidget* widget, const QPoint& place, Qt::MouseButton button = Qt::LeftButton);
     void click(QWidget* widget);
     void doubleClick(QWidget* widget, const QPoint& place);

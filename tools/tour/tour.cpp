@@ -67,7 +67,9 @@ void Tour::run() {
     editList();
     contextMenu();
     menus();
+    convertCoordinates();
     save();
+    exportPoints();
     compile();
     openAgain();
     appearance();
@@ -154,6 +156,26 @@ void Tour::menus() {
         menu->close();
         robot_.settle();
     }
+}
+
+void Tour::convertCoordinates() {
+    clickRow(1);
+    robot_.chooseCommand(&editor_.window(), "mEdit", "mCoorConv");
+    robot_.typeInto(robot_.find("txt_rd_x"), QStringLiteral("121000"));
+    robot_.typeInto(robot_.find("txt_rd_y"), QStringLiteral("487000"));
+    robot_.click(robot_.find("cmd_write_properties"));
+    robot_.picture(QStringLiteral("coordinates-converted"));
+    if (editor_.session().list().row(1).latitude != "52.3698269751196")
+        throw TourError("the converted latitude is not in the list");
+    robot_.find("frmCoorConv")->window()->close();
+    robot_.settle();
+}
+
+void Tour::exportPoints() {
+    robot_.withDialogs([&] { robot_.chooseCommand(&editor_.window(), "mFile", "mExportSHP"); },
+                       {[&](QWidget* dialog) { robot_.chooseFile(dialog, file("tour.shp")); }});
+    robot_.waitFor([&] { return QFile::exists(file("tour.prj")); }, QStringLiteral("the exported points"));
+    robot_.picture(QStringLiteral("exported"));
 }
 
 void Tour::save() {

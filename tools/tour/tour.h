@@ -25,6 +25,8 @@ private:
     void editList();
     void contextMenu();
     void menus();
+    void convertCoordinates();
+    void exportPoints();
     void save();
     void compile();
     void openAgain();

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "shell/session.h"
+
+namespace quillset {
+
+class Progress;
+struct PointFile;
+
+/// The exchange with programs for geographic data: export of all placements, import of points. Both report
+/// their own failures and return.
+class GeodataCommands {
+public:
+    GeodataCommands(Session& session, Progress& progress)
+        : session_(session)
+        , progress_(progress) {}
+
+    void exportShapefile();
+    void importPoints();
+
+private:
+    void exportTo(const std::string& path);
+    void importFrom(const std::string& path);
+    std::size_t addPoints(const PointFile& file);
+    [[nodiscard]] bool coordinatesMayBeRd(const std::string& path);
+    [[nodiscard]] bool confirmed(const std::string& question);
+
+    Session& session_;
+    Progress& progress_;
+};
+
+} // namespace quillset
