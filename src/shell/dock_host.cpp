@@ -48,8 +48,9 @@ QDockWidget* DockHost::add(QWidget* toolWindow, const QString& title) {
 void DockHost::apply(const QString& name, const WindowLayout& layout) {
     QDockWidget* const dock = docks_.value(name);
     window_.addDockWidget(areaOf(layout.align), dock);
-    dock->setFloating(!layout.docked);
+    // Hidden before it floats: a window that begins to float shows itself if it may, and takes the focus.
     dock->setVisible(layout.visible);
+    dock->setFloating(!layout.docked);
 }
 
 WindowLayout DockHost::layout(const QString& name) const {

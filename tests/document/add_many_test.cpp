@@ -106,7 +106,7 @@ TEST(AddMany, CanBeEndedAndUndoneStepByStep) {
 TEST(AddMany, AFailedSnapshotEndsItWithOneReport) {
     test::DocumentFixture fixture;
     fixture.open("<FSData/>");
-    std::filesystem::create_directory(toPath(fixture.folder.file("undo0002.xml")));
+    fixture.folder.write("undo0002.xml/file", "a folder that is not empty cannot be replaced");
     EXPECT_EQ(fixture.list.addNewObjects(objects, goOn), 2U);
     EXPECT_EQ(fixture.document.placementCount(), 2U);
     EXPECT_EQ(fixture.journal.count(), 2U);
