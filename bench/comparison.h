@@ -4,7 +4,6 @@
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <ctime>
-#include <functional>
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
@@ -30,19 +29,15 @@ double secondsOf(Measure measure, const Body& body) {
 }
 
 /// Runs ours and the peer by turns and compares the fastest run of each: what a busy machine adds falls away.
-/// `afterEach` is not timed.
 template <class Ours, class Peer>
-void compare(
-    benchmark::State& state, double limit, const Ours& ours, const Peer& peer,
-    Measure measure = Measure::processorTime, const std::function<void()>& afterEach = [] {}) {
+void compare(benchmark::State& state, double limit, const Ours& ours, const Peer& peer,
+             Measure measure = Measure::processorTime) {
     std::vector<double> ourTimes;
     std::vector<double> peerTimes;
     for (auto unused : state) {
         (void)unused;
         ourTimes.push_back(secondsOf(measure, ours));
-        afterEach();
         peerTimes.push_back(secondsOf(measure, peer));
-        afterEach();
         state.SetIterationTime(ourTimes.back());
     }
     const double peerTime = *std::min_element(peerTimes.begin(), peerTimes.end());
