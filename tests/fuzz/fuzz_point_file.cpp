@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         const PointFile file = readPointFile(std::move(bytes), "x.shp");
         test::require(file.verdict == PointFile::Verdict::points || file.points.empty());
-        for (const ImportPoint& point : file.points)
+        for (const NewPlacement& point : file.points)
             test::require(std::abs(point.latitude) <= 90.0 && std::abs(point.longitude) <= 180.0);
     } catch (const RuntimeError& error) {
         test::require(*error.what() != 0);
