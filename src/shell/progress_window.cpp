@@ -7,7 +7,6 @@ namespace quillset {
 
 namespace {
 
-constexpr int patience = 500;      // milliseconds before the window appears
 constexpr qint64 refreshTime = 40; // milliseconds between two pictures
 
 } // namespace
@@ -19,7 +18,7 @@ void ProgressWindow::begin(const std::string& what, std::size_t total) {
     dialog_->setObjectName(QStringLiteral("progress"));
     dialog_->setWindowTitle(QStringLiteral("Quillset XML"));
     dialog_->setWindowModality(Qt::ApplicationModal);
-    dialog_->setMinimumDuration(patience);
+    dialog_->setMinimumDuration(static_cast<int>(patience.count()));
     dialog_->setAutoReset(false);
     dialog_->setValue(0);
     sinceShown_.start();
@@ -29,7 +28,7 @@ bool ProgressWindow::goOn(std::size_t done) {
     // Until the window keeps the others from the user, no event may be handled: a command of the main window
     // could change or drop the document meanwhile.
     const bool shown = dialog_->isVisible();
-    if (sinceShown_.elapsed() >= (shown ? refreshTime : patience)) {
+    if (sinceShown_.elapsed() >= (shown ? refreshTime : patience.count())) {
         if (!shown) {
             QApplication::changeOverrideCursor(Qt::ArrowCursor); // the button must not look out of reach
             dialog_->show();

@@ -5,15 +5,20 @@
 #include <QElapsedTimer>
 #include <QPointer>
 
+#include <chrono>
+
 class QProgressDialog;
 class QWidget;
 
 namespace quillset {
 
-/// A progress bar with a Cancel button before the main window; appears only when a command takes longer than
-/// half a second, and keeps all other input away from the windows meanwhile.
+/// A progress bar with a Cancel button before the main window; appears only when a command takes long, and
+/// keeps all other input away from the windows meanwhile.
 class ProgressWindow : public Progress {
 public:
+    /// A command that ends sooner never shows the window.
+    std::chrono::milliseconds patience{500};
+
     void setParent(QWidget* parent) { parent_ = parent; }
 
     void begin(const std::string& what, std::size_t total) override;
