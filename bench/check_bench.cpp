@@ -25,8 +25,7 @@ void checkAgainstReading(benchmark::State& state) {
                                    [](std::string_view) { return false; },
                                    [](const std::string&) { return false; }};
     bench::compare(
-        state, 1.5,
-        [&] { benchmark::DoNotOptimize(checkScenery(document, PlacementRanges(bytes), nothing)); },
+        state, 5, [&] { benchmark::DoNotOptimize(checkScenery(document, PlacementRanges(bytes), nothing)); },
         [&] {
             pugi::xml_document read;
             benchmark::DoNotOptimize(readXmlFile(path.string(), read).ok);

@@ -74,6 +74,7 @@ void GeodataCommands::exportTo(const std::string& path) {
     const ExportCount count =
         quillset::exportShapefile(session_.document(), names, session_.fileOperations(), path);
     session_.activity().show(exportText(count, path));
+    session_.log().write(exportText(count, path));
 }
 
 void GeodataCommands::importPoints() {
@@ -105,6 +106,7 @@ void GeodataCommands::importFrom(const std::string& path) {
     if (added < file.points.size())
         text += "; ended before the other " + std::to_string(file.points.size() - added);
     session_.activity().show(text);
+    session_.log().write("import of " + path + ": " + text);
     // The status line may be too short for the names.
     if (!file.skipped.empty())
         session_.dialogs().tell(text + ".");

@@ -93,6 +93,7 @@ void ManualPictures::run() {
     catalogue();
     listMenu();
     properties();
+    conversion();
     compileLog();
     colours();
 }
@@ -142,6 +143,16 @@ void ManualPictures::properties() {
         }
     take("properties", dock("frmObjProp"));
     robot_.key(Qt::Key_Escape);
+}
+
+void ManualPictures::conversion() {
+    robot_.chooseCommand(&editor_.window(), "mEdit", "mCoorConv");
+    robot_.typeInto(robot_.find("txt_rd_x"), QStringLiteral("113460"));
+    robot_.typeInto(robot_.find("txt_rd_y"), QStringLiteral("553120"));
+    QWidget* const window = robot_.find("frmCoorConv");
+    take("coordinate-conversion", window);
+    window->window()->close();
+    robot_.settle();
 }
 
 void ManualPictures::compileLog() {

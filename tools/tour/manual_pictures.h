@@ -21,6 +21,7 @@ private:
     void catalogue();
     void listMenu();
     void properties();
+    void conversion();
     void compileLog();
     void colours();
 
