@@ -187,12 +187,12 @@ void convertAgainstBareArithmetic(benchmark::State& state) {
         });
 }
 
-BENCHMARK(exportAgainstOgr2ogr)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(7);
+BENCHMARK(exportAgainstOgr2ogr)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 BENCHMARK(importAgainstItsSnapshots)
     ->Arg(1000)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
-    ->Iterations(7);
+    ->Iterations(5);
 BENCHMARK(importAgainstItsSnapshots)
     ->Arg(4000)
     ->UseManualTime()
