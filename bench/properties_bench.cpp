@@ -6,11 +6,15 @@
 #include "catalogue/frmObjTree.h"
 #include "comparison.h"
 #include "document/frmXMLList.h"
+#include "preview/frmPreview.h"
+#include "preview/preview_context.h"
 #include "properties/frmObjProp.h"
 #include "properties/open_sheet.h"
 #include "scenery_generator.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QImage>
 
 #include <fstream>
 
@@ -41,6 +45,37 @@ private:
     CatalogueTree& tree_;
 };
 
+/// The preview beside the list, as the editor connects it.
+class PreviewLink : public PreviewContext {
+public:
+    PreviewLink(const SceneryDocument& document, const ObjectList& list, const CatalogueTree& tree)
+        : document_(document)
+        , list_(list)
+        , tree_(tree) {}
+    [[nodiscard]] bool documentOpen() const override { return document_.isOpen(); }
+    [[nodiscard]] std::string currentKind() const override { return list_.row(list_.selectedRow()).name; }
+    [[nodiscard]] bool selectedIsGenBuild() const override { return tree_.selectedIsGenBuild(); }
+    [[nodiscard]] pugi::xml_node currentBuilding() const override { return {}; }
+    [[nodiscard]] int getFormDockStatus(std::string_view) const override { return 0; }
+
+private:
+    const SceneryDocument& document_;
+    const ObjectList& list_;
+    const CatalogueTree& tree_;
+};
+
+/// A picture for each tenth of the 20,000 objects, most of them not in the format that is looked for first.
+std::string writePictures(const test::TemporaryFolder& folder) {
+    QImage picture(192, 192, QImage::Format_RGB32);
+    picture.fill(Qt::darkCyan);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    picture.save(&buffer, "JPG");
+    for (int i = 0; i < 20'000; i += 10)
+        folder.write("pics/" + std::to_string(i) + ".jpg", bytes.toStdString());
+    return folder.path();
+}
+
 struct Workplace {
     explicit Workplace(std::size_t placements) {
         document.load(folder.write("scenery.xml", bench::sceneryOf(placements)));
@@ -49,7 +84,11 @@ struct Workplace {
             updatePlacementKey(document, i, std::to_string(i * 7919 % 20'000));
         list.showPropertiesIn(&editor);
         list.updateXMLList();
-        for (QWidget* window : std::initializer_list<QWidget*>{&rows, &properties, &objects}) {
+        pictureFollows = tree.selectionChanged.connect([this] {
+            if (const auto item = tree.selected())
+                preview.loadPreviewPicture(item->key);
+        });
+        for (QWidget* window : std::initializer_list<QWidget*>{&rows, &properties, &objects, &preview}) {
             window->resize(400, 600);
             window->show();
         }
@@ -71,6 +110,9 @@ struct Workplace {
     frmXMLList rows{list, errors};
     frmObjProp properties{editor, errors, [] { return 0; }};
     frmObjTree objects{tree, errors, [] { return ListState(); }};
+    PreviewLink previewLink{document, list, tree};
+    frmPreview preview{previewLink, errors, {writePictures(folder)}};
+    Connection pictureFollows;
 };
 
 /// Types another scale into a placement and commits it.

@@ -28,11 +28,11 @@ int toPixels(int twips) {
 } // namespace
 
 frmPreview::frmPreview(const PreviewContext& context, ErrorFunctions& errors,
-                       std::vector<std::string> pictureFolders, QWidget* parent)
+                       const std::vector<std::string>& pictureFolders, QWidget* parent)
     : QWidget(parent)
     , context_(context)
     , errors_(errors)
-    , pictureFolders_(std::move(pictureFolders))
+    , pictures_(pictureFolders)
     , picPreview_(new PictureBox(this))
     , timer_(new QTimer(this)) {
     setObjectName(QStringLiteral("frmPreview"));
@@ -75,7 +75,7 @@ void frmPreview::initializeBuildingPreview(Dialogs& dialogs, const TextureFolder
 
 void frmPreview::loadPreviewPicture(const std::string& key) {
     frame_.reset();
-    const std::optional<std::string> file = pictureFile(pictureFolders_, key);
+    const std::optional<std::string> file = pictures_.find(key);
     const QImage picture = file ? QImage(QString::fromStdString(*file)) : QImage();
     if (picture.isNull())
         picPreview_->clear();

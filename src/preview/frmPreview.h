@@ -1,6 +1,7 @@
 #pragma once
 
 #include "preview/building.h"
+#include "preview/picture_files.h"
 #include "preview/turntable.h"
 
 #include <QWidget>
@@ -28,8 +29,8 @@ class frmPreview : public QWidget {
     Q_OBJECT
 public:
     /// `pictureFolders` hold the pictures, each in "pics"; the first one that has a picture wins.
-    frmPreview(const PreviewContext& context, ErrorFunctions& errors, std::vector<std::string> pictureFolders,
-               QWidget* parent = nullptr);
+    frmPreview(const PreviewContext& context, ErrorFunctions& errors,
+               const std::vector<std::string>& pictureFolders, QWidget* parent = nullptr);
     ~frmPreview() override;
 
     /// Sets up the drawing of generic buildings, once, at start-up: OpenGL, then all textures, with a message
@@ -63,7 +64,7 @@ private:
 
     const PreviewContext& context_;
     ErrorFunctions& errors_;
-    std::vector<std::string> pictureFolders_;
+    PictureFiles pictures_;
     Turntable turntable_;
     std::unique_ptr<BuildingRenderer> renderer_;
     /// The frame on show; nothing while a picture or nothing is.

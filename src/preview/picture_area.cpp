@@ -1,7 +1,5 @@
 #include "preview/picture_area.h"
 
-#include "base/paths.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -47,17 +45,6 @@ std::optional<TwipRect> pictureArea(int dockState, int outerWidth, int outerHeig
 int pictureSide(double width, double height) {
     constexpr double largest = std::numeric_limits<short>::max();
     return static_cast<int>(std::lround(std::clamp(std::min(width, height), 0.0, largest)));
-}
-
-std::optional<std::string> pictureFile(const std::vector<std::string>& folders, std::string_view key) {
-    for (const std::string& folder : folders)
-        for (const std::string_view extension : {".bmp", ".jpg"}) {
-            const std::string relative = "pics/" + lowerCase(key) + std::string(extension);
-            std::optional<std::string> found = findIgnoringCase(folder, relative);
-            if (found && fileExists(*found))
-                return found;
-        }
-    return std::nullopt;
 }
 
 } // namespace quillset

@@ -1,9 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace quillset {
 
@@ -26,10 +23,5 @@ inline constexpr int twipsPerPixel = 15;
 
 /// The side of the square that pictures are stretched into: the smaller of the area's sizes.
 [[nodiscard]] int pictureSide(double width, double height);
-
-/// The stored picture of a catalogue key: in "pics" below the first of the folders that has one, a .bmp
-/// before a .jpg; letter case does not matter. Nothing when there is none.
-[[nodiscard]] std::optional<std::string> pictureFile(const std::vector<std::string>& folders,
-                                                     std::string_view key);
 
 } // namespace quillset

@@ -1,8 +1,5 @@
 #include "preview/picture_area.h"
 
-#include "base/atomic_file.h"
-#include "support/temporary_folder.h"
-
 #include <gtest/gtest.h>
 
 namespace quillset {
@@ -36,27 +33,6 @@ TEST(PictureArea, squareHasTheSmallerSide) {
     EXPECT_EQ(pictureSide(300, 120), 120);
     EXPECT_EQ(pictureSide(99.6, 300), 100);
     EXPECT_EQ(pictureSide(70000, 70000), 32767);
-}
-
-TEST(PictureFile, bitmapComesFirstAndLetterCaseIsFree) {
-    const test::TemporaryFolder program;
-    program.write("Pics/abc.jpg", "j");
-    program.write("Pics/ABC.BMP", "bitmap");
-    program.write("Pics/only.jpg", "jpeg");
-    program.write("Pics/folder.bmp/inside", "x");
-    const test::TemporaryFolder shipped;
-    shipped.write("pics/only.bmp", "shipped");
-    shipped.write("pics/further.bmp", "further");
-    const auto contentOf = [&](std::string_view key) {
-        const std::optional<std::string> file = pictureFile({program.path(), shipped.path()}, key);
-        return file ? readWholeFile(*file) : "none";
-    };
-    EXPECT_EQ(contentOf("aBc"), "bitmap");
-    EXPECT_EQ(contentOf("ONLY"), "jpeg") << "the user's own one wins";
-    EXPECT_EQ(contentOf("further"), "further");
-    EXPECT_EQ(contentOf("missing"), "none");
-    EXPECT_EQ(contentOf("folder"), "none");
-    EXPECT_EQ(contentOf(""), "none");
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // Whether the programs that read such files accept the sample simulator.
 #include "catalogue/catalogue_tree.h"
 #include "compiler/model_file.h"
-#include "preview/picture_area.h"
+#include "preview/picture_files.h"
 #include "sample_simulator/sample_files.h"
 #include "support/scripted_dialogs.h"
 #include "support/temporary_folder.h"
@@ -68,8 +68,9 @@ TEST_F(SampleSimulatorTest, EveryPictureBelongsToAnObject) {
         EXPECT_EQ(file.bytes.size(), 54U + 192U * 192U * 3U);
     }
     EXPECT_EQ(different.size(), pictures.size());
+    PictureFiles files({folder.file("program")});
     for (NodeId id = 0; id < tree.nodes().size(); ++id)
-        found += pictureFile({folder.file("program")}, tree.nodes().at(id).key) ? 1U : 0U;
+        found += files.find(tree.nodes().at(id).key) ? 1U : 0U;
     EXPECT_EQ(found, pictures.size());
 }
 
