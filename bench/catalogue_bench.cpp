@@ -214,8 +214,10 @@ struct Registration : CatalogueConfiguration, ModelStore {
         return models;
     }
     void add(std::span<const CatalogueModel> models) override {
+        std::vector<LocalModel> declared;
         for (const CatalogueModel& model : models)
-            addLocalModel(document, {model.name, model.sourceFile});
+            declared.push_back({model.name, model.sourceFile});
+        addLocalModels(document, declared);
     }
     std::vector<std::string> remove(const std::string&) override { return {}; }
 

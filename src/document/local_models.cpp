@@ -55,16 +55,18 @@ bool hasModelSource(const SceneryDocument& document, const std::string& sourceFi
     return found;
 }
 
-void addLocalModel(SceneryDocument& document, const LocalModel& model) {
+void addLocalModels(SceneryDocument& document, std::span<const LocalModel> models) {
     if (!document.hasRoot())
         throw RuntimeError(ErrorNumber::objectNotSet);
     document.changeModels([&] {
         pugi::xml_node root = document.root();
-        root.append_child(pugi::node_comment)
-            .set_value(commentText("Object definition of " + model.sourceFile).c_str());
-        pugi::xml_node element = root.append_child("ModelData");
-        element.append_attribute("name").set_value(model.name.c_str());
-        element.append_attribute("sourceFile").set_value(model.sourceFile.c_str());
+        for (const LocalModel& model : models) {
+            root.append_child(pugi::node_comment)
+                .set_value(commentText("Object definition of " + model.sourceFile).c_str());
+            pugi::xml_node element = root.append_child("ModelData");
+            element.append_attribute("name").set_value(model.name.c_str());
+            element.append_attribute("sourceFile").set_value(model.sourceFile.c_str());
+        }
     });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -21,9 +22,9 @@ struct LocalModel {
 /// A model of exactly that path (letter case included) is in the document.
 [[nodiscard]] bool hasModelSource(const SceneryDocument& document, const std::string& sourceFile);
 
-/// Appends the comment "Object definition of " + path and the ModelData element to the root element. Throws
-/// RuntimeError and changes nothing when there is no root element.
-void addLocalModel(SceneryDocument& document, const LocalModel& model);
+/// Appends for each model the comment "Object definition of " + path and the ModelData element to the root
+/// element, as one change. Throws RuntimeError and changes nothing when there is no root element.
+void addLocalModels(SceneryDocument& document, std::span<const LocalModel> models);
 
 /// Removes every model of exactly that name and every library object placement that uses it, each with the
 /// node before it, whatever kind of node that is (deliberate). Returns the names of the elements that went

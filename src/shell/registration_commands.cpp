@@ -76,8 +76,11 @@ std::vector<CatalogueModel> RegistrationCommands::models() const {
 
 void RegistrationCommands::add(std::span<const CatalogueModel> models) {
     requireDocument();
+    std::vector<LocalModel> declared;
+    declared.reserve(models.size());
     for (const CatalogueModel& model : models)
-        addLocalModel(session_.document(), {model.name, model.sourceFile});
+        declared.push_back({model.name, model.sourceFile});
+    addLocalModels(session_.document(), declared);
 }
 
 std::vector<std::string> RegistrationCommands::remove(const std::string& name) {

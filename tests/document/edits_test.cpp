@@ -254,16 +254,21 @@ TEST_F(Edits, AModelIsRemovedWithItsPlacements) {
                                "<P/>{S5}<Effect name=\"G\"/>{/S}"));
     EXPECT_EQ(order(), "25");
 
-    addLocalModel(document, {"NEW", "C:\\a--b.mdl"});
-    EXPECT_TRUE(body().ends_with("<!--Object definition of C:\\a- -b.mdl--><ModelData name=\"NEW\" "
-                                 "sourceFile=\"C:\\a--b.mdl\"/>"));
-    EXPECT_EQ(localModels(document), (std::vector<LocalModel>{{"g", ""}, {"NEW", "C:\\a--b.mdl"}}));
+    int changes = 0;
+    const Connection watch = document.changed.connect([&](const DocumentChange&) { ++changes; });
+    const std::vector<LocalModel> added{{"NEW", "C:\\a--b.mdl"}, {"NEW2", "b.mdl"}};
+    addLocalModels(document, added);
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(body().ends_with(
+        "<!--Object definition of C:\\a- -b.mdl--><ModelData name=\"NEW\" sourceFile=\"C:\\a--b.mdl\"/>"
+        "<!--Object definition of b.mdl--><ModelData name=\"NEW2\" sourceFile=\"b.mdl\"/>"));
+    EXPECT_EQ(localModels(document), (std::vector<LocalModel>{{"g", ""}, added[0], added[1]}));
 }
 
 TEST_F(Edits, ADocumentWithoutRootOrAPlacementAsRootStaysInOnePiece) {
     ASSERT_FALSE(document.load(folder.write("bad.xml", "<FSData>")).ok);
     EXPECT_THROW(addPlacement(document, {"K", 0, 0, 0}, std::nullopt), RuntimeError);
-    EXPECT_THROW(addLocalModel(document, {"G", "x"}), RuntimeError);
+    EXPECT_THROW(addLocalModels(document, {}), RuntimeError);
     EXPECT_TRUE(removeLocalModel(document, "G").empty());
 
     ASSERT_TRUE(document.load(folder.write("root.xml", "<?xml version=\"1.0\"?><SceneryObject/>")).ok);
