@@ -130,16 +130,6 @@ std::string foldedForStorage(std::string_view path) {
 #endif
 }
 
-bool fileExists(std::string_view path) {
-    std::error_code failed;
-    return !path.empty() && fs::exists(toPath(path), failed) && !fs::is_directory(toPath(path), failed);
-}
-
-bool folderExists(std::string_view path) {
-    std::error_code failed;
-    return !path.empty() && fs::is_directory(toPath(path), failed);
-}
-
 std::optional<std::string> findIgnoringCase(std::string_view folder, std::string_view relative) {
     fs::path found = toPath(folder);
     while (!relative.empty()) {

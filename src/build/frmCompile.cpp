@@ -21,6 +21,14 @@ namespace quillset {
 
 namespace {
 
+QFont consoleFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    // Windows names a face of typewriters there, and does not always have it.
+    if (font.family().startsWith(QLatin1String("Courier")))
+        font.setFamilies({QStringLiteral("Consolas"), QStringLiteral("DejaVu Sans Mono"), font.family()});
+    return font;
+}
+
 /// Pieces are gathered up to this size: each change of the text has a price of its own.
 constexpr std::size_t flushSize = 65536;
 
@@ -76,7 +84,7 @@ void frmCompile::createText() {
     txt_compile_log_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     txt_compile_log_->setUndoRedoEnabled(false); // else every appended piece would be kept twice
     txt_compile_log_->setLineWrapMode(QPlainTextEdit::NoWrap);
-    txt_compile_log_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    txt_compile_log_->setFont(consoleFont());
     txt_compile_log_->setTabChangesFocus(true);
     txt_compile_log_->installEventFilter(this);
     txt_compile_log_->viewport()->installEventFilter(this);
