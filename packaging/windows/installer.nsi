@@ -1,6 +1,6 @@
 ; Installer of the Windows program. packaging/windows/build gives VERSION, the folder STAGE with the files to install,
 ; REMOVALS (a script that removes exactly these) and OUTPUT.
-Unicode true
+Target amd64-unicode ; a 64-bit program like the one it installs
 SetCompressor /SOLID lzma
 ManifestDPIAware true
 
@@ -19,7 +19,6 @@ ManifestDPIAware true
 !define MULTIUSER_MUI
 !include MultiUser.nsh
 !include MUI2.nsh
-!include x64.nsh
 !include FileFunc.nsh
 
 Name "${PRODUCT}"
@@ -44,14 +43,15 @@ VIAddVersionKey LegalCopyright "Copyright 2026 The Quillset XML developers"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
+Var GivenFolder
+
 Function .onInit
-    ${IfNot} ${RunningX64}
-        MessageBox MB_OK|MB_ICONSTOP "${PRODUCT} needs a 64-bit Windows." /SD IDOK
-        SetErrorLevel 1
-        Quit
-    ${EndIf}
     SetRegView 64
+    StrCpy $GivenFolder $INSTDIR ; of /D=, which the next line would overwrite
     !insertmacro MULTIUSER_INIT
+    ${If} $GivenFolder != ""
+        StrCpy $INSTDIR $GivenFolder
+    ${EndIf}
 FunctionEnd
 
 Function un.onInit
