@@ -7,6 +7,7 @@
 #include <chrono>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <system_error>
 
 namespace quillset {
 namespace {
@@ -46,7 +47,8 @@ TEST(PictureFiles, aChangedFolderIsListedAgain) {
     EXPECT_EQ(files.find("b"), folder.file("pics/b.bmp")) << "written in the same moment";
 
     const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
-    fs::last_write_time(toPath(folder.file("pics")), longAgo);
+    std::error_code refused; // Windows does not let the time of a folder be set; the rest holds all the same
+    fs::last_write_time(toPath(folder.file("pics")), longAgo, refused);
     EXPECT_EQ(files.find("b"), folder.file("pics/b.bmp"));
     folder.write("pics/c.bmp", "c");
     EXPECT_EQ(files.find("c"), folder.file("pics/c.bmp"));
