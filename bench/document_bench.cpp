@@ -148,7 +148,7 @@ void saveAgainstFlush(benchmark::State& state) {
         state, 3, [&] { session.document.save(*files, session.folder.file("saved.xml")); },
         [&] {
             files->remove(plain);
-            files->writeAndFlush(plain, bytes, plain);
+            files->writeAndFlush(plain, wholeContent(bytes), plain);
         },
         Measure::elapsedTime);
 }

@@ -5,9 +5,7 @@
 #include "base/runtime_error.h"
 
 #include <array>
-#include <cerrno>
 #include <cstdio>
-#include <fstream>
 #include <new>
 #include <random>
 
@@ -22,50 +20,6 @@ void removeQuietly(FileOperations& files, const std::string& path) {
     }
 }
 
-void appendPieces(const std::string& copy, const std::string& target,
-                  const std::function<void(const PieceSink&)>& produce) {
-    std::ofstream file(toPath(copy), std::ios::binary | std::ios::app);
-    const auto check = [&](bool good) {
-        if (!good)
-            throw fileError(std::error_code(errno != 0 ? errno : EIO, std::generic_category()), target);
-    };
-    errno = 0;
-    check(file.is_open());
-    produce([&](std::string_view piece) {
-        errno = 0;
-        check(!!file.write(piece.data(), static_cast<std::streamsize>(piece.size())));
-    });
-    errno = 0;
-    file.close();
-    check(!file.fail());
-}
-
-// What is on the disk when the power fails
-//   before or while the working copy is written: the old file, whole, and perhaps a useless working copy;
-//   after its flush: the old file, and the new one complete under its working name;
-//   while replacing: the old or the new file under the target's name, since the exchange is one step of the
-//     file system, and whichever it is, its content is on the disk already;
-//   after replacing, before the folder's flush: the same;
-//   after the folder's flush: the new file.
-// Were the copy renamed before its flush, the name could reach the disk ahead of the content: neither file.
-template <class WriteCopy>
-void throughWorkingCopy(FileOperations& files, const std::string& path, const WriteCopy& writeCopy) {
-    const std::string target = files.writableTarget(path);
-    const bool replacesOne = fileExists(target);
-    const std::string copy = workingCopyIn(folderOf(target));
-    try {
-        writeCopy(copy, target);
-        files.replace(copy, target);
-    } catch (...) {
-        // On Windows a replacement can fail half-way, with the old file moved aside: then the copy is all
-        // that is left of the user's work.
-        if (!replacesOne || fileExists(target))
-            removeQuietly(files, copy);
-        throw;
-    }
-    files.flushFolder(target);
-}
-
 } // namespace
 
 // A short name of its own: beside a target whose name is as long as the file system allows, a suffix would
@@ -77,19 +31,33 @@ std::string workingCopyIn(const std::string& folder) {
     return joinPath(folder, name.data());
 }
 
-void writeFileAtomically(FileOperations& files, const std::string& path, std::string_view bytes) {
-    throughWorkingCopy(files, path, [&](const std::string& copy, const std::string& target) {
-        files.writeAndFlush(copy, bytes, target);
-    });
+// What is on the disk when the power fails
+//   before or while the working copy is written: the old file, whole, and perhaps a useless working copy;
+//   after its flush: the old file, and the new one complete under its working name;
+//   while replacing: the old or the new file under the target's name, since the exchange is one step of the
+//     file system, and whichever it is, its content is on the disk already;
+//   after replacing, before the folder's flush: the same;
+//   after the folder's flush: the new file.
+// Were the copy renamed before its flush, the name could reach the disk ahead of the content: neither file.
+void writeFileAtomically(FileOperations& files, const std::string& path, const FileContent& content) {
+    const std::string target = files.writableTarget(path);
+    const bool replacesOne = fileExists(target);
+    const std::string copy = workingCopyIn(folderOf(target));
+    try {
+        files.writeAndFlush(copy, content, target);
+        files.replace(copy, target);
+    } catch (...) {
+        // On Windows a replacement can fail half-way, with the old file moved aside: then the copy is all
+        // that is left of the user's work.
+        if (!replacesOne || fileExists(target))
+            removeQuietly(files, copy);
+        throw;
+    }
+    files.flushFolder(target);
 }
 
-void writeFileAtomically(FileOperations& files, const std::string& path,
-                         const std::function<void(const PieceSink&)>& produce) {
-    throughWorkingCopy(files, path, [&](const std::string& copy, const std::string& target) {
-        files.create(copy, target);
-        appendPieces(copy, target, produce);
-        files.flush(copy, target);
-    });
+void writeFileAtomically(FileOperations& files, const std::string& path, std::string_view bytes) {
+    writeFileAtomically(files, path, wholeContent(bytes));
 }
 
 std::string readWholeFile(const std::string& path) {

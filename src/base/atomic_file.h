@@ -7,6 +7,15 @@
 
 namespace quillset {
 
+/// Takes a file's content piece by piece.
+using PieceSink = std::function<void(std::string_view piece)>;
+/// Makes a file's content: calls the sink for each piece, in order.
+using FileContent = std::function<void(const PieceSink&)>;
+/// Content that is there already, in one piece; the bytes must outlive it.
+[[nodiscard]] inline FileContent wholeContent(std::string_view bytes) {
+    return [bytes](const PieceSink& put) { put(bytes); };
+}
+
 /// The operations of a crash-safe save, so that a test can let the n-th one fail. All throw RuntimeError
 /// whose description names the file being saved, never the working copy.
 class FileOperations {
@@ -16,14 +25,11 @@ public:
     /// missing. Throws for a folder, a device and a file that is write-protected (deliberate: replacing such
     /// a file by another one would be allowed by the file system, but not expected by its owner).
     [[nodiscard]] virtual std::string writableTarget(const std::string& path) = 0;
-    /// Creates `path`, empty, which must not exist, with the mode and, where possible, the owner of `target`
-    /// if there is one.
-    virtual void create(const std::string& path, const std::string& target) = 0;
-    /// Creates `path` in the same way, writes all bytes and forces them to the disk.
-    virtual void writeAndFlush(const std::string& path, std::string_view bytes,
+    /// Creates `path`, which must not exist, with the mode and, where possible, the owner of `target` if
+    /// there is one, writes the content and forces it to the disk. What `content` throws goes on to the
+    /// caller.
+    virtual void writeAndFlush(const std::string& path, const FileContent& content,
                                const std::string& target) = 0;
-    /// Forces the content of `path` to the disk, a working copy of `target` that was written otherwise.
-    virtual void flush(const std::string& path, const std::string& target) = 0;
     /// Puts `from` in the place of `to` in one step. The mode of the file that was there stays.
     virtual void replace(const std::string& from, const std::string& to) = 0;
     /// Forces the folder entry of `target` to the disk, where that is a step of its own.
@@ -42,12 +48,9 @@ public:
 /// Follows a symbolic link to its target. Throws RuntimeError and leaves no working copy behind.
 void writeFileAtomically(FileOperations& files, const std::string& path, std::string_view bytes);
 
-/// Takes a file's content piece by piece.
-using PieceSink = std::function<void(std::string_view piece)>;
-/// The same for content that is too large to be held in memory: `produce` is called once, with the sink for
-/// its pieces. What `produce` throws goes on to the caller, with the old file untouched.
-void writeFileAtomically(FileOperations& files, const std::string& path,
-                         const std::function<void(const PieceSink&)>& produce);
+/// The same for content that is made while it is written. What `content` throws goes on to the caller, with
+/// the old file untouched.
+void writeFileAtomically(FileOperations& files, const std::string& path, const FileContent& content);
 
 /// A whole file; throws RuntimeError for a missing or unreadable one, for a folder, for anything that is
 /// not a regular file (a pipe could block for ever) and for one of more than largestFile bytes.

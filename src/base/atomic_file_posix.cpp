@@ -111,20 +111,11 @@ public:
         return target;
     }
 
-    void create(const std::string& path, const std::string& target) override {
-        (void)createLike(path, target);
-    }
-
-    void writeAndFlush(const std::string& path, std::string_view bytes, const std::string& target) override {
+    void writeAndFlush(const std::string& path, const FileContent& content,
+                       const std::string& target) override {
         const auto file = createLike(path, target);
-        writeAll(file->number(), bytes, target);
+        content([&](std::string_view piece) { writeAll(file->number(), piece, target); });
         if (::fsync(file->number()) != 0 || file->close() != 0)
-            fail(errno, target);
-    }
-
-    void flush(const std::string& path, const std::string& target) override {
-        Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
-        if (file.number() < 0 || ::fsync(file.number()) != 0 || file.close() != 0)
             fail(errno, target);
     }
 

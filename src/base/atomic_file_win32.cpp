@@ -106,26 +106,18 @@ public:
         return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 ? linkTarget(path) : path;
     }
 
-    void create(const std::string& path, const std::string& target) override {
-        const FileHandle file(CreateFileW(widePath(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                          FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!file.isOpen())
-            fail(GetLastError(), target);
-    }
-
-    void writeAndFlush(const std::string& path, std::string_view bytes, const std::string& target) override {
+    void writeAndFlush(const std::string& path, const FileContent& content,
+                       const std::string& target) override {
         FileHandle file(CreateFileW(widePath(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!file.isOpen() || !writeAll(file.get(), bytes) || FlushFileBuffers(file.get()) == 0 ||
-            !file.close())
-            fail(GetLastError(), target);
-    }
-
-    void flush(const std::string& path, const std::string& target) override {
-        FileHandle file(CreateFileW(widePath(path).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!file.isOpen() || FlushFileBuffers(file.get()) == 0 || !file.close())
-            fail(GetLastError(), target);
+        const auto check = [&](bool done) {
+            if (!done)
+                fail(GetLastError(), target);
+        };
+        check(file.isOpen());
+        content([&](std::string_view piece) { check(writeAll(file.get(), piece)); });
+        check(FlushFileBuffers(file.get()) != 0);
+        check(file.close());
     }
 
     void replace(const std::string& from, const std::string& to) override {

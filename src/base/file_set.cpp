@@ -59,7 +59,7 @@ private:
     void writeCopy(const SetFile& file) {
         const std::string target = files_.writableTarget(file.path);
         places_.push_back({target, workingCopyIn(folderOf(target)), {}, false});
-        files_.writeAndFlush(places_.back().copy, file.bytes, target);
+        files_.writeAndFlush(places_.back().copy, wholeContent(file.bytes), target);
     }
 
     void putAside(Place& place) {

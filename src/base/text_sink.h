@@ -33,13 +33,32 @@ public:
         std::memcpy(chunk_.data() + used_, text.data(), text.size());
         used_ += text.size();
     }
+    /// Room for `size` bytes (far fewer than a piece holds) to be filled directly, from the start; take()
+    /// then counts those before `end` as put.
+    [[nodiscard]] char* room(std::size_t size) {
+        if (size > chunk_.size() - used_)
+            flush();
+        return chunk_.data() + used_;
+    }
+    void take(const char* end) { used_ = static_cast<std::size_t>(end - chunk_.data()); }
     /// Copies what stands before the first byte that `isStop` is true for, and gives that byte's place.
     template <class IsStop>
     const char* putUntil(const char* at, const IsStop& isStop) {
-        while (!isStop(*at))
-            put(*at++);
-        return at;
+        // By way of local pointers: a byte that is stored might be one of the members, for all the compiler
+        // knows, so that it would fetch and store those for each byte.
+        for (;;) {
+            char* to = chunk_.data() + used_;
+            const char* const end = chunk_.data() + chunk_.size();
+            while (to != end && !isStop(*at))
+                *to++ = *at++;
+            used_ = static_cast<std::size_t>(to - chunk_.data());
+            if (to != end)
+                return at;
+            flush();
+        }
     }
+    /// What is put follows this byte, which somebody else has put.
+    void continueAfter(char c) { last_ = c; }
     /// The last byte put so far, 0 before the first.
     [[nodiscard]] char last() const { return used_ > 0 ? chunk_[used_ - 1] : last_; }
     /// Passes on the rest; to be called at the end.

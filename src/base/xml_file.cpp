@@ -3,7 +3,7 @@
 #include "base/input_file.h"
 #include "base/runtime_error.h"
 #include "base/xml_check.h"
-#include "base/xml_writer.h"
+#include "base/xml_pieces.h"
 
 #include <algorithm>
 #include <memory>
@@ -115,9 +115,7 @@ std::optional<std::string> writtenFor(TextEncoding encoding, const pugi::xml_nod
             text.reserve((text.size() + piece.size()) * growth);
         text.append(piece);
     };
-    XmlWriter writer(append, encoding, layout);
-    writer.write(document);
-    if (writer.failed())
+    if (!writeXmlPieces(document, encoding, layout, append))
         return std::nullopt;
     return text;
 }
@@ -186,7 +184,7 @@ void saveXmlLines(FileOperations& files, const std::string& path, const pugi::xm
         return;
     }
     writeFileAtomically(files, path, [&document](const PieceSink& sink) {
-        XmlWriter(sink, TextEncoding::utf8, XmlWriter::Layout::tagsOnLines).write(document);
+        (void)writeXmlPieces(document, TextEncoding::utf8, XmlWriter::Layout::tagsOnLines, sink);
     });
 }
 

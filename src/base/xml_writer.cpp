@@ -17,6 +17,7 @@ constexpr std::uint8_t textStop = 1;  // & < > CR LF, and all that needs a close
 constexpr std::uint8_t valueStop = 2; // & < > " CR LF tab, and all that needs a closer look
 constexpr std::uint8_t plainStop = 4; // CR LF, and all that needs a closer look
 constexpr std::uint8_t nameStop = 8;  // non-ASCII
+constexpr std::uint8_t endStop = 16;  // nothing else
 
 constexpr std::array<std::uint8_t, 256> stops = [] {
     std::array<std::uint8_t, 256> classes{};
@@ -26,7 +27,7 @@ constexpr std::array<std::uint8_t, 256> stops = [] {
         else if (c >= 0x80)
             classes[c] = textStop | valueStop | plainStop | nameStop;
     }
-    classes[0] |= nameStop;
+    classes[0] |= nameStop | endStop;
     classes['\t'] = valueStop;
     classes['"'] = valueStop;
     for (const char c : {'&', '<', '>'})
@@ -127,27 +128,48 @@ void XmlWriter::writeNode(const pugi::xml_node& node) {
 }
 
 void XmlWriter::writeElement(const pugi::xml_node& node) {
-    openTag("<");
-    writeName(node.name());
-    // Not as a range: its iterators are calls into the library, and there are millions of attributes.
-    for (pugi::xml_attribute attribute = node.first_attribute(); attribute;
-         attribute = attribute.next_attribute())
-        writeAttribute(attribute.name(), attribute.value());
     const pugi::xml_node first = node.first_child();
     if (!first || isEmptyText(first)) {
+        writeOpenTag(node);
         out_.put("/>");
         return;
     }
-    out_.put('>');
+    writeStartTag(node);
     for (pugi::xml_node child = first; child; child = child.next_sibling())
         writeNode(child);
     if (note_ && node == noted_) {
         out_.flush();
         note_();
     }
-    openTag("</");
-    writeName(node.name());
+    writeEndTag(node);
+}
+
+// A start tag but for its ">".
+void XmlWriter::writeOpenTag(const pugi::xml_node& element) {
+    openTag("<");
+    writeName(element.name());
+    // Not as a range: its iterators are calls into the library, and there are millions of attributes.
+    for (pugi::xml_attribute attribute = element.first_attribute(); attribute;
+         attribute = attribute.next_attribute())
+        writeAttribute(attribute.name(), attribute.value());
+}
+
+void XmlWriter::writeStartTag(const pugi::xml_node& element) {
+    writeOpenTag(element);
     out_.put('>');
+}
+
+void XmlWriter::writeEndTag(const pugi::xml_node& element) {
+    openTag("</");
+    writeName(element.name());
+    out_.put('>');
+}
+
+void XmlWriter::writeAfterTag(const pugi::xml_node& first, const pugi::xml_node& end) {
+    out_.continueAfter('>');
+    for (pugi::xml_node node = first; node != end; node = node.next_sibling())
+        writeNode(node);
+    out_.flush();
 }
 
 // The "<" of a tag, with what follows it.
@@ -157,11 +179,30 @@ void XmlWriter::openTag(std::string_view start) {
     out_.put(start);
 }
 
+// Nearly all of a large document is this: most attributes go into the sink's room in one go, byte by byte
+// with nothing in between. What is long, or needs a reference, goes on the ordinary way from where that
+// stopped.
 void XmlWriter::writeAttribute(const pugi::char_t* name, const pugi::char_t* value) {
-    out_.put(' ');
-    writeName(name);
-    out_.put("=\"");
-    writeValue(value);
+    constexpr std::ptrdiff_t usualLength = 256;
+    char* to = out_.room(usualLength);
+    const char* const end = to + usualLength - std::strlen("=\"\"");
+    const std::uint8_t stop = holdsAll_ ? endStop : nameStop;
+    *to++ = ' ';
+    while (to != end && !stopsAt(*name, stop))
+        *to++ = *name++;
+    if (*name != '\0') {
+        out_.take(to);
+        writeName(name);
+        out_.put("=\"");
+    } else {
+        *to++ = '=';
+        *to++ = '"';
+        while (to < end && !stopsAt(*value, valueStop))
+            *to++ = *value++;
+        out_.take(to);
+    }
+    if (*value != '\0')
+        writeValue(value);
     out_.put('"');
 }
 
@@ -266,12 +307,9 @@ void XmlWriter::writePlainRun(const char* text) {
 }
 
 void XmlWriter::writeName(const pugi::char_t* name) {
-    if (holdsAll_) {
-        out_.put(std::string_view(name));
-        return;
-    }
-    const char* at = copyRun(out_, name, nameStop);
-    for (; *at != '\0'; at = copyRun(out_, at, nameStop))
+    const std::uint8_t stop = holdsAll_ ? endStop : nameStop;
+    const char* at = copyRun(out_, name, stop);
+    for (; *at != '\0'; at = copyRun(out_, at, stop))
         at = writeCharacter(at, false);
 }
 

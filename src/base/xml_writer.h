@@ -35,17 +35,33 @@ public:
     /// A node with all below it; of a document all its nodes. Once for each writer.
     void write(const pugi::xml_node& node) {
         writeNode(node);
+        finish();
+    }
+
+    // What write() is made of, for a document that several writers share.
+    /// A node with all below it, without the end that finish() makes.
+    void writeNode(const pugi::xml_node& node);
+    /// The tags around an element's content.
+    void writeStartTag(const pugi::xml_node& element);
+    void writeEndTag(const pugi::xml_node& element);
+    /// Nodes from `first` up to `end`, siblings that follow a tag written by somebody else.
+    void writeAfterTag(const pugi::xml_node& first, const pugi::xml_node& end);
+    /// What another writer made of the next nodes.
+    void append(std::string_view written) { out_.put(written); }
+    /// The end of the document. What was written is passed on.
+    void finish() {
         if (layout_ == Layout::tagsOnLines && out_.last() != '\0')
             out_.put("\r\n");
         out_.flush();
     }
+
     /// A name, a comment, an instruction, a CDATA section or a DOCTYPE held a character that does not fit:
     /// the result is of no use in this encoding.
     [[nodiscard]] bool failed() const { return failed_; }
 
 private:
-    void writeNode(const pugi::xml_node& node);
     void writeElement(const pugi::xml_node& node);
+    void writeOpenTag(const pugi::xml_node& element);
     void writeAttribute(const pugi::char_t* name, const pugi::char_t* value);
     void writeDeclaration(const pugi::xml_node& node);
     void writeComment(const pugi::char_t* text);

@@ -97,16 +97,19 @@ TEST(XmlWrite, TheDeclarationNamesWhatIsWritten) {
 
 // The sizes cross the borders of the writer's internal pieces.
 TEST(XmlWrite, LongTextsAndManyElements) {
-    for (const std::size_t length : {16'380U, 16'384U, 16'400U, 100'000U}) {
+    for (const std::size_t length : {252U, 253U, 254U, 255U, 256U, 300U, 32'760U, 32'768U, 100'000U}) {
         const std::string text(length, 'x');
-        const std::string bytes = "<a b=\"" + text + "\">" + text + "&amp;<!--" + text + "--></a>";
+        const std::string bytes = "<a b=\"" + text + "\" " + text + "=\"&lt;" + text + "\">" + text +
+                                  "&amp;<!--" + text + "--></a>";
         EXPECT_TRUE(rewritten(bytes) == bytes) << length;
     }
-    std::string many = "<a>";
-    for (int i = 0; i < 5'000; ++i)
-        many += "<b c=\"" + std::to_string(i) + "\"/>";
-    many += "</a>";
+    // Longer than what one thread writes, with all kinds of nodes at the borders between them.
+    std::string many = declared("utf-8") + "<!-- before --><a b=\"c\">";
+    for (int i = 0; i < 1'500; ++i)
+        many += "<b c=\"" + std::to_string(i) + "\"/>text<!--d--><?p i?>&gt;<e><f>g</f></e><![CDATA[>]]>";
+    many += "</a><!-- after -->";
     EXPECT_TRUE(rewritten(many) == many);
+    EXPECT_TRUE(rewritten(many + "<?€?>") == many + "<?€?>");
     pugi::xml_document document;
     ASSERT_TRUE(readXml(many, document).ok);
     EXPECT_TRUE(writeXmlLines(document) == splitTagsOnLines(many));
@@ -117,6 +120,8 @@ TEST(XmlWrite, LongTextsAndManyElements) {
         saveXmlLines(*files, folder.file("a.xml"), document, encoding);
         EXPECT_TRUE(folder.read("a.xml") == writeXmlLines(document, encoding));
     }
+    document.document_element().child("b").set_name("€"); // somewhere in the middle of it
+    EXPECT_TRUE(writeXml(document, TextEncoding::latin1).starts_with(declared("utf-8")));
 }
 
 // Nodes that a program has filled with what XML cannot hold as it stands.

@@ -27,16 +27,14 @@ public:
         step([&] { target = real_->writableTarget(path); });
         return target;
     }
-    void create(const std::string& path, const std::string& target) override {
-        step([&] { real_->create(path, target); });
-    }
-    void writeAndFlush(const std::string& path, std::string_view bytes, const std::string& target) override {
-        if (count_ + 1 == at_ && kind_ != Kind::losesPowerAfter)
+    void writeAndFlush(const std::string& path, const FileContent& content,
+                       const std::string& target) override {
+        if (count_ + 1 == at_ && kind_ != Kind::losesPowerAfter) {
+            std::string bytes;
+            content([&](std::string_view piece) { bytes += piece; });
             std::ofstream(toPath(path), std::ios::binary) << bytes.substr(0, bytes.size() / 2);
-        step([&] { real_->writeAndFlush(path, bytes, target); });
-    }
-    void flush(const std::string& path, const std::string& target) override {
-        step([&] { real_->flush(path, target); });
+        }
+        step([&] { real_->writeAndFlush(path, content, target); });
     }
     void replace(const std::string& from, const std::string& to) override {
         step([&] { real_->replace(from, to); });
