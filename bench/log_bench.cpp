@@ -27,7 +27,7 @@ void compileLog(benchmark::State& state) {
         window.runBegins("bglcomp compile.xml");
         for (std::size_t at = 0; at < text.size(); at += quillset::DOSOutputs::pieceLimit)
             window.append(text.substr(at, quillset::DOSOutputs::pieceLimit));
-        window.runEnds(quillset::CompileOutcome::madeScenery);
+        window.runEnds(quillset::CompileOutcome::madeScenery, {});
         window.show();
         QApplication::processEvents();
     }

@@ -159,14 +159,20 @@ CompileOutcome BglCompilation::runCompiler() {
     runner.CommandLine = commandLineText(words);
     runner.surroundings = request.surroundings;
 
-    CompileOutcome outcome = CompileOutcome::madeNothing;
-    const WatchedRun watched(runner, with_.log, outcome);
+    CompileRun run;
+    const WatchedRun watched(runner, with_.log, run.outcome);
     with_.log.runBegins(runner.CommandLine);
-    runner.ExecuteCommand();
-    if (outcome == CompileOutcome::madeNothing && fileExists(workingFile(compileBglName)))
-        outcome = CompileOutcome::madeScenery;
-    with_.log.runEnds(outcome);
-    return outcome;
+    run.printed = !runner.ExecuteCommand().empty();
+    run.end = runner.ended();
+    run.missing = compilerMissingText(with_.programFolder);
+    if (run.outcome == CompileOutcome::madeNothing) {
+        if (fileExists(workingFile(compileBglName)))
+            run.outcome = CompileOutcome::madeScenery;
+        else if (!runner.started() || meansNoCompiler(run.end))
+            run.outcome = CompileOutcome::notFound;
+    }
+    with_.log.runEnds(run.outcome, compileVerdict(run));
+    return run.outcome;
 }
 
 void BglCompilation::moveOutput(const std::string& chosen) {

@@ -3,6 +3,7 @@
 #include "base/activity_line.h"
 #include "base/atomic_file.h"
 #include "base/dialogs.h"
+#include "build/compile_outcome.h"
 #include "build/dos_outputs.h"
 
 #include <cstddef>
@@ -32,9 +33,6 @@ public:
 
 enum class WaitAnswer { goOn, endCompiler };
 
-/// How a run of the compiler went, in words for the user.
-enum class CompileOutcome { madeScenery, madeNothing, endedByUser };
-
 /// The compile log window as the command sees it.
 class CompileLog {
 public:
@@ -46,7 +44,8 @@ public:
     /// Some twenty times a second during the run: repaints, listens, and tells whether the user wants the
     /// compiler to end.
     [[nodiscard]] virtual WaitAnswer wait() = 0;
-    virtual void runEnds(CompileOutcome outcome) = 0;
+    /// `verdict` says how it went, in words for the user.
+    virtual void runEnds(CompileOutcome outcome, const std::string& verdict) = 0;
     /// Shows the window modal; returns when the user has closed it, its text discarded.
     virtual void showModal() = 0;
 };

@@ -22,4 +22,9 @@ inline constexpr const char* compileBglName = "compile.bgl";
 [[nodiscard]] ProcessRequest compilerCommand(const std::string& programFolder,
                                              const std::vector<std::string>& foldersAfterPath);
 
+/// What to tell a user for whom compilerCommand found none.
+[[nodiscard]] std::string compilerMissingText(const std::string& programFolder);
+/// Whether a run of that request ended so because there is no compiler.
+[[nodiscard]] bool meansNoCompiler(const std::optional<ProcessEnd>& end);
+
 } // namespace quillset

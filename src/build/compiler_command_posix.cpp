@@ -43,6 +43,13 @@ std::optional<std::string> findWindowsCompiler(const std::vector<std::string>& f
     return std::nullopt;
 }
 
+std::vector<std::string> searchedFolders(const std::string& programFolder) {
+    const char* const variable = std::getenv("PATH");
+    std::vector<std::string> folders = pathFolders(variable == nullptr ? "" : variable);
+    folders.insert(folders.begin(), programFolder);
+    return folders;
+}
+
 } // namespace
 
 ProcessRequest compilerCommand(const std::string& programFolder,
@@ -56,14 +63,25 @@ ProcessRequest compilerCommand(const std::string& programFolder,
         request.program = *compiler;
         return request;
     }
-    folders.insert(folders.begin(), programFolder);
     const std::optional<std::string> wine = findProgram("wine", searchPath);
-    const std::optional<std::string> windowsCompiler = findWindowsCompiler(folders);
+    const std::optional<std::string> windowsCompiler = findWindowsCompiler(searchedFolders(programFolder));
     if (wine && windowsCompiler) {
         request.program = *wine;
         request.arguments.insert(request.arguments.begin(), *windowsCompiler);
     }
     return request; // else by its name, which the PATH with our own folder at its end may still find
+}
+
+std::string compilerMissingText(const std::string& programFolder) {
+    if (const auto windowsCompiler = findWindowsCompiler(searchedFolders(programFolder)))
+        return "The compiler could not be started: " + *windowsCompiler +
+               " is a Windows program, and Wine, which runs it, is not installed.";
+    return "The compiler bglcomp was not found. Put it (or bglcomp.exe, which needs Wine) into the folder " +
+           programFolder + " or into a folder of the search path.";
+}
+
+bool meansNoCompiler(const std::optional<ProcessEnd>& /*end*/) {
+    return false; // then it would not even have been started
 }
 
 } // namespace quillset

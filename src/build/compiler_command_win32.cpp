@@ -12,4 +12,14 @@ ProcessRequest compilerCommand(const std::string& programFolder,
         "cmd.exe", {"/d", "/c", std::string(".\\") + compileBatName}, {programFolder, {}, foldersAfterPath}};
 }
 
+std::string compilerMissingText(const std::string& programFolder) {
+    return "The compiler bglcomp was not found. Put bglcomp.exe into the folder " + programFolder +
+           " or into a folder of the search path.";
+}
+
+bool meansNoCompiler(const std::optional<ProcessEnd>& end) {
+    constexpr int noSuchCommand = 9009; // what the interpreter ends with
+    return end && end->exitCode == noSuchCommand;
+}
+
 } // namespace quillset

@@ -1,6 +1,8 @@
 #include "build/console_lines.h"
 
+#include <array>
 #include <cstdint>
+#include <cstdio>
 #include <utility>
 
 namespace quillset {
@@ -16,6 +18,25 @@ char32_t takeCharacter(std::string_view& text) {
         character = (character << 6) | (static_cast<std::uint8_t>(text[i]) & 0x3FU);
     text.remove_prefix(std::min(length, text.size()));
     return character;
+}
+
+/// Without a look of their own: control characters, private use and what Unicode keeps free of characters.
+bool isShownByNumber(char32_t character) {
+    const auto within = [character](char32_t first, char32_t last) {
+        return character >= first && character <= last;
+    };
+    const bool control = (character < 0x20 && character != U'\t') || within(0x7F, 0x9F);
+    const bool privateUse = within(0xE000, 0xF8FF) || character >= 0xF0000;
+    const bool noCharacter = within(0xFDD0, 0xFDEF) || (character & 0xFFFE) == 0xFFFE;
+    return control || privateUse || noCharacter;
+}
+
+/// "\x07", "\u{E000}".
+std::string numberOf(char32_t character) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), character < 0x80 ? "\\x%02X" : "\\u{%04X}",
+                  static_cast<unsigned>(character));
+    return text.data();
 }
 
 } // namespace
@@ -41,8 +62,11 @@ void ConsoleLines::put(char32_t character) {
         afterReturn_ = true;
     else if (character == U'\b')
         column_ -= column_ > 0 ? 1 : 0;
+    else if (isShownByNumber(character))
+        for (const char c : numberOf(character))
+            write(static_cast<char32_t>(c));
     else
-        write(character < 0x20 && character != U'\t' ? char32_t{0xFFFD} : character);
+        write(character);
 }
 
 void ConsoleLines::write(char32_t character) {

@@ -15,8 +15,9 @@ struct ConsoleEdit {
 };
 
 /// Makes lines of console output: CR LF and LF end a line, CR alone returns to the line's start so that what
-/// follows overwrites it (progress displays), a backspace goes one back. Other control characters but the tab
-/// become replacement characters.
+/// follows overwrites it (progress displays), a backspace goes one back. What has no look of its own
+/// (control characters but the tab, private use) is shown by its number, "\x07": a view would show it as
+/// nothing, or search all fonts of the system for it.
 class ConsoleLines {
 public:
     /// A longer line is broken: text views freeze on lines of megabytes.

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,6 +27,13 @@ struct ProcessRequest {
     ProcessSurroundings surroundings;
 };
 
+/// How a process ended.
+struct ProcessEnd {
+    int exitCode = 0;
+    /// What the system calls the fault that ended it; empty when it ended by itself.
+    std::string crash;
+};
+
 enum class ReadOutcome { data, nothingYet, end };
 
 /// A started child whose standard output and standard error are joined in one pipe. Destroying it closes the
@@ -36,6 +44,9 @@ public:
     /// Waits at most `patience` for output and puts up to `limit` bytes of what is there into `piece`
     /// (emptied first). `end` when every writer has closed its end of the pipe.
     virtual ReadOutcome read(std::string& piece, std::size_t limit, std::chrono::milliseconds patience) = 0;
+    /// How the child ended, after its output did. Waits at most `patience`: it may have closed its output and
+    /// go on; then nothing is known.
+    [[nodiscard]] virtual std::optional<ProcessEnd> waitForEnd(std::chrono::milliseconds patience) = 0;
     /// Ends the child and what it started, at once; returns when the child is gone.
     virtual void terminate() = 0;
 };

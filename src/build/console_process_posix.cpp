@@ -6,11 +6,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/types.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace quillset {
@@ -20,12 +22,20 @@ namespace {
 /// Children that closed their output but had not ended yet when they were last looked at.
 using Unreaped = std::vector<pid_t>;
 
-bool reap(pid_t child, int options) {
+bool reap(pid_t child, int options, int* status = nullptr) {
     pid_t result = 0;
     do {
-        result = waitpid(child, nullptr, options);
+        result = waitpid(child, status, options);
     } while (result < 0 && errno == EINTR);
     return result != 0; // also when it is not ours to wait for any more
+}
+
+ProcessEnd endOf(int status) {
+    if (!WIFSIGNALED(status))
+        return {WEXITSTATUS(status), {}};
+    const int signal = WTERMSIG(status);
+    const char* const words = strsignal(signal);
+    return {signal, "signal " + std::to_string(signal) + (words == nullptr ? "" : std::string(", ") + words)};
 }
 
 class PosixProcess : public RunningProcess {
@@ -60,6 +70,20 @@ public:
             return ReadOutcome::data;
         atEnd_ = true;
         return ReadOutcome::end;
+    }
+
+    std::optional<ProcessEnd> waitForEnd(std::chrono::milliseconds patience) override {
+        constexpr std::chrono::milliseconds nap{2};
+        int status = 0;
+        for (auto waited = std::chrono::milliseconds::zero(); !reaped_; waited += nap) {
+            reaped_ = reap(child_, WNOHANG, &status);
+            if (reaped_)
+                return endOf(status);
+            if (waited >= patience)
+                break;
+            std::this_thread::sleep_for(nap);
+        }
+        return std::nullopt;
     }
 
     void terminate() override {

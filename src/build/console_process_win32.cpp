@@ -4,6 +4,8 @@
 #include "build/command_line.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <windows.h>
 
 namespace quillset {
@@ -75,6 +77,23 @@ public:
                 return ReadOutcome::nothingYet;
             Sleep(nap);
         }
+    }
+
+    std::optional<ProcessEnd> waitForEnd(std::chrono::milliseconds patience) override {
+        DWORD code = 0;
+        if (WaitForSingleObject(handles_.process.get(), static_cast<DWORD>(patience.count())) !=
+                WAIT_OBJECT_0 ||
+            GetExitCodeProcess(handles_.process.get(), &code) == 0)
+            return std::nullopt;
+        constexpr DWORD firstFault =
+            0xC0000000; // status codes of errors, which the system ends programs with
+        ProcessEnd end{static_cast<int>(code), {}};
+        if (code >= firstFault) {
+            std::array<char, 24> text{};
+            std::snprintf(text.data(), text.size(), "fault 0x%08lX", code);
+            end.crash = text.data();
+        }
+        return end;
     }
 
     void terminate() override {

@@ -8,8 +8,8 @@ namespace quillset {
 /// Text for files that the command interpreter reads: the ANSI code page on Windows (characters that it lacks
 /// become "?"), UTF-8 elsewhere.
 [[nodiscard]] std::string toConsoleCodePage(std::string_view utf8);
-/// UTF-8 of bytes that are no UTF-8: from the ANSI code page on Windows; elsewhere every byte beyond ASCII
-/// becomes a replacement character.
+/// UTF-8 of bytes that are no UTF-8: from the ANSI code page on Windows; elsewhere every byte beyond ASCII is
+/// shown by its number, "\xE4".
 [[nodiscard]] std::string fromConsoleCodePage(std::string_view bytes);
 
 /// Makes UTF-8 of the pieces that a console program writes, whatever its encoding and wherever a piece ends.

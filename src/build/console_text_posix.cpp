@@ -7,12 +7,14 @@ std::string toConsoleCodePage(std::string_view utf8) {
 }
 
 std::string fromConsoleCodePage(std::string_view bytes) {
+    constexpr const char* digits = "0123456789ABCDEF";
     std::string text;
     for (const char c : bytes) {
-        if (static_cast<unsigned char>(c) < 0x80)
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x80)
             text += c;
         else
-            text += "\xEF\xBF\xBD"; // U+FFFD
+            text.append("\\x") += {digits[byte >> 4U], digits[byte & 15U]};
     }
     return text;
 }

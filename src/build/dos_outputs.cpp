@@ -8,6 +8,8 @@ namespace quillset {
 namespace {
 
 constexpr std::chrono::milliseconds waitInterval{50};
+/// A child's output ends a moment before itself.
+constexpr std::chrono::milliseconds endPatience{300};
 constexpr std::size_t pipeCapacity = 65536;
 
 } // namespace
@@ -19,6 +21,8 @@ DOSOutputs::DOSOutputs(Dialogs& dialogs, ProcessStarter& starter)
 std::string DOSOutputs::ExecuteCommand(const std::string& commandLine) {
     if (running_ != nullptr) // from an observer of the run itself
         throw RuntimeError(ErrorNumber::invalidCall);
+    started_ = false;
+    ended_.reset();
     if (!commandLine.empty())
         CommandLine = commandLine;
     std::vector<std::string> words = splitCommandLine(CommandLine);
@@ -37,7 +41,10 @@ std::string DOSOutputs::ExecuteCommand(const std::string& commandLine) {
         return {};
     }
     outputs_.clear();
+    started_ = true;
     deliverOutput(*started.process);
+    if (!terminated_)
+        ended_ = started.process->waitForEnd(endPatience);
     return outputs_;
 }
 

@@ -29,6 +29,11 @@ public:
     /// Everything captured by the last run that started a process.
     [[nodiscard]] const std::string& Outputs() const { return outputs_; }
 
+    /// How the last child ended, where that is known; nothing when none could be started.
+    [[nodiscard]] const std::optional<ProcessEnd>& ended() const { return ended_; }
+    /// Whether the last call of ExecuteCommand could start a child.
+    [[nodiscard]] bool started() const { return started_; }
+
     /// Runs `commandLine`, which then becomes CommandLine, or CommandLine when it is empty, and returns the
     /// captured text; empty when nothing could be run, which a message box says. Blocks until the child and
     /// what it started have closed their output, or until terminate().
@@ -55,6 +60,8 @@ private:
     Dialogs& dialogs_;
     ProcessStarter& starter_;
     std::string outputs_;
+    std::optional<ProcessEnd> ended_;
+    bool started_ = false;
     RunningProcess* running_ = nullptr;
     bool terminated_ = false;
     /// Bytes taken after terminate().

@@ -45,19 +45,6 @@ bool namesAPlace(const QTextDocument& log) {
     return false;
 }
 
-QString outcomeText(CompileOutcome outcome, bool printed) {
-    switch (outcome) {
-    case CompileOutcome::madeScenery:
-        return QStringLiteral("The compiler made a new scenery file.");
-    case CompileOutcome::endedByUser:
-        return QStringLiteral("The compiler was ended before it had finished.");
-    case CompileOutcome::madeNothing:
-        break;
-    }
-    return printed ? QStringLiteral("The compiler made no scenery file; its messages say why.")
-                   : QStringLiteral("The compiler made no scenery file and printed nothing.");
-}
-
 } // namespace
 
 frmCompile::frmCompile(QWidget* owner)
@@ -192,7 +179,7 @@ void frmCompile::showRunning() {
     cmdEnd_->setFocus();
 }
 
-void frmCompile::runEnds(CompileOutcome outcome) {
+void frmCompile::runEnds(CompileOutcome /*outcome*/, const std::string& verdict) {
     if (!isVisible())
         QApplication::restoreOverrideCursor();
     busy_ = false;
@@ -200,9 +187,8 @@ void frmCompile::runEnds(CompileOutcome outcome) {
     flush();
     cmdEnd_->hide();
     cmdClose_->setEnabled(true);
-    const QTextDocument& log = *txt_compile_log_->document();
-    lbl_run_->setText(outcomeText(outcome, !log.isEmpty()) +
-                      (namesAPlace(log)
+    lbl_run_->setText(QString::fromStdString(verdict) +
+                      (namesAPlace(*txt_compile_log_->document())
                            ? QStringLiteral(" Click a message, or press Enter on it, to select the "
                                             "placement it is about.")
                            : QString()));

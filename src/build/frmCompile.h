@@ -29,7 +29,7 @@ public:
     void runBegins(const std::string& commandLine) override;
     void append(const std::string& piece) override;
     [[nodiscard]] WaitAnswer wait() override;
-    void runEnds(CompileOutcome outcome) override;
+    void runEnds(CompileOutcome outcome, const std::string& verdict) override;
     void showModal() override;
 
 signals:

@@ -24,10 +24,11 @@ public:
     void runBegins(const std::string& commandLine) override { write_(commandLine + "\n"); }
     void append(const std::string& piece) override { take(decoder_.decode(piece)); }
     WaitAnswer wait() override { return WaitAnswer::goOn; }
-    void runEnds(CompileOutcome outcome) override {
+    void runEnds(CompileOutcome outcome, const std::string& verdict) override {
         take(decoder_.finish());
         if (!line_.empty())
             endLine();
+        write_(verdict + "\n");
         outcome_ = outcome;
     }
     void showModal() override {}

@@ -3,7 +3,6 @@
 #include "base/runtime_error.h"
 
 #include <algorithm>
-#include <array>
 
 namespace quillset {
 
@@ -73,10 +72,9 @@ void CompileCommand::NotedLog::runBegins(const std::string& commandLine) {
     window_.runBegins(commandLine);
 }
 
-void CompileCommand::NotedLog::runEnds(CompileOutcome outcome) {
-    constexpr std::array outcomes{"made scenery", "made nothing", "ended by the user"};
-    file_.write(std::string("compile: ") + outcomes.at(static_cast<std::size_t>(outcome)));
-    window_.runEnds(outcome);
+void CompileCommand::NotedLog::runEnds(CompileOutcome outcome, const std::string& verdict) {
+    file_.write("compile: " + verdict);
+    window_.runEnds(outcome, verdict);
 }
 
 std::string CompileCommand::xmlPath() const {

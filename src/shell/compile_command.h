@@ -32,7 +32,7 @@ private:
         void runBegins(const std::string& commandLine) override;
         void append(const std::string& piece) override { window_.append(piece); }
         WaitAnswer wait() override { return window_.wait(); }
-        void runEnds(CompileOutcome outcome) override;
+        void runEnds(CompileOutcome outcome, const std::string& verdict) override;
         void showModal() override { window_.showModal(); }
 
     private:

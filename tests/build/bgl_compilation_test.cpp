@@ -43,7 +43,10 @@ public:
         const bool ends = !endAfter.empty() && text.find(endAfter) != std::string::npos;
         return ends ? WaitAnswer::endCompiler : WaitAnswer::goOn;
     }
-    void runEnds(CompileOutcome ended) override { outcome = ended; }
+    void runEnds(CompileOutcome ended, const std::string& words) override {
+        outcome = ended;
+        verdict = words;
+    }
     void showModal() override {
         ++shown;
         xml = folder_.read(program_ + "/compile.xml");
@@ -56,6 +59,7 @@ public:
     bool batch = false;
     int shown = 0;
     CompileOutcome outcome = CompileOutcome::madeNothing;
+    std::string verdict;
 
 private:
     const test::TemporaryFolder& folder_;
@@ -153,17 +157,72 @@ TEST(BglCompilation, ProgramFoldersOfEveryName) {
 }
 
 TEST(BglCompilation, WithoutResultTheOldFileStays) {
-    for (const char* const orders : {"print failed exit 1", "crash 0", "exit 0"}) {
+    const struct {
+        const char* orders;
+        const char* verdict;
+    } rows[] = {
+        {"print failed exit 1",
+         "The compiler failed (exit code 1) and made no scenery file; its messages say why."},
+        {"exit 3", "The compiler failed (exit code 3) and made no scenery file. It printed nothing."},
+        {"crash 0", "The compiler crashed (signal 6, Aborted) and made no scenery file."},
+        {"print odd exit 0", "The compiler made no scenery file; its messages say why."},
+        {"exit 0", "The compiler made no scenery file. It printed nothing."},
+    };
+    for (const auto& [orders, verdict] : rows) {
         Bench bench;
         bench.chooseAnd(orders, bench.folder.file("out/Out.bgl"));
         bench.folder.write("program/compile.bgl", "STALE");
         bench.compile();
         EXPECT_EQ(bench.folder.read("out/Out.bgl"), "OLD") << orders;
         EXPECT_EQ(bench.log.outcome, CompileOutcome::madeNothing);
+#ifdef _WIN32 // there the interpreter prints the command first, and a crash is an exit code
+        EXPECT_NE(bench.log.verdict.find("made no scenery file"), std::string::npos) << verdict;
+#else
+        EXPECT_EQ(bench.log.verdict, verdict);
+#endif
         EXPECT_EQ(bench.log.shown, 1);
         EXPECT_TRUE(bench.line.text().ends_with("Out.bgl created")) << "deliberate";
         EXPECT_EQ(bench.leftOver(), nothing);
     }
+}
+
+TEST(BglCompilation, TellsHowTheCompilerEnded) {
+    const struct {
+        CompileRun run;
+        const char* verdict;
+    } rows[] = {
+        {{CompileOutcome::madeScenery, ProcessEnd{}, true, {}}, "The compiler made a new scenery file."},
+        {{CompileOutcome::madeScenery, std::nullopt, true, {}}, "The compiler made a new scenery file."},
+        {{CompileOutcome::madeScenery, ProcessEnd{2, {}}, true, {}},
+         "The compiler made a new scenery file, but reported a failure (exit code 2)."},
+        {{CompileOutcome::madeScenery, ProcessEnd{11, "signal 11"}, true, {}},
+         "The compiler crashed (signal 11) after it had made a scenery file, which may be incomplete."},
+        {{CompileOutcome::madeNothing, std::nullopt, true, {}},
+         "The compiler made no scenery file; its messages say why."},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(compileVerdict(row.run), row.verdict);
+}
+
+TEST(BglCompilation, AMissingCompilerIsNamed) {
+    Bench bench;
+    for (const char* const name : {"bglcomp", "bglcomp.exe"})
+        std::filesystem::remove(toPath(bench.working(name)));
+    bench.compile();
+    EXPECT_EQ(bench.log.outcome, CompileOutcome::notFound);
+    EXPECT_NE(bench.log.verdict.find("bglcomp was not found"), std::string::npos) << bench.log.verdict;
+    EXPECT_NE(bench.log.verdict.find(bench.folder.file("program")), std::string::npos) << bench.log.verdict;
+    EXPECT_EQ(bench.log.shown, 1);
+    EXPECT_EQ(bench.folder.read("out/Out.bgl"), "OLD");
+#ifndef _WIN32
+    EXPECT_EQ(bench.dialogs.messages, (std::vector<Message>{{"File or command not found", "Quillset XML",
+                                                             MessageButtons::ok, MessageIcon::critical}}));
+    (void)bench.folder.write("program/BGLCOMP.EXE", "");
+    bench.dialogs.paths = {bench.folder.file("out/Out.bgl")};
+    bench.compile();
+    EXPECT_NE(bench.log.verdict.find("BGLCOMP.EXE is a Windows program"), std::string::npos)
+        << bench.log.verdict;
+#endif
 }
 
 TEST(BglCompilation, ACancelledDialogDoesNothing) {

@@ -43,7 +43,7 @@ void fill(frmCompile& window, int lines) {
     window.runBegins("bglcomp compile.xml");
     for (int i = 0; i < lines; ++i)
         window.append("line " + std::to_string(i) + "\r\n");
-    window.runEnds(CompileOutcome::madeScenery);
+    window.runEnds(CompileOutcome::madeScenery, "made");
 }
 
 } // namespace
@@ -55,14 +55,14 @@ void CompileWindowTest::showsTheTextWhateverThePieces() {
     for (const char* const piece :
          {"Erro", "r in K\xC3", "\xB6ln\r", "\nbad \xFF", " byte", "", "\n50%\r100%"})
         window.append(piece);
-    window.runEnds(CompileOutcome::madeNothing);
+    window.runEnds(CompileOutcome::madeNothing, "made no scenery in <b>C:</b>");
 #ifdef Q_OS_WIN
     const QString bad = QStringLiteral("ÿ");
 #else
-    const QString bad(QChar::ReplacementCharacter);
+    const QString bad = QStringLiteral("\\xFF");
 #endif
     QCOMPARE(logOf(window)->toPlainText(), QStringLiteral("Error in Köln\nbad %1 byte\n100%").arg(bad));
-    QVERIFY(child<QLabel>(window, "lbl_run")->text().contains(QStringLiteral("no scenery")));
+    QVERIFY(child<QLabel>(window, "lbl_run")->text().contains(QStringLiteral("no scenery in <b>")));
     QVERIFY(logOf(window)->isReadOnly());
 #ifndef Q_OS_WIN // the offscreen platform knows no fixed font there
     const QFontMetrics metrics(logOf(window)->font());
@@ -78,7 +78,7 @@ void CompileWindowTest::staysHiddenWhileTheRunIsShort() {
     QCOMPARE(window.wait(), WaitAnswer::goOn);
     QVERIFY(!window.isVisible());
     QVERIFY(QApplication::overrideCursor() != nullptr);
-    window.runEnds(CompileOutcome::madeScenery);
+    window.runEnds(CompileOutcome::madeScenery, "made");
     QVERIFY(QApplication::overrideCursor() == nullptr);
 }
 
@@ -99,7 +99,7 @@ void CompileWindowTest::aHangingCompilerCanBeEnded() {
     QVERIFY(end->hasFocus());
     QTest::keyClick(end, Qt::Key_Space);
     QCOMPARE(window.wait(), WaitAnswer::endCompiler);
-    window.runEnds(CompileOutcome::endedByUser);
+    window.runEnds(CompileOutcome::endedByUser, "was ended");
     QVERIFY(!end->isVisible());
     QVERIFY(child<QLabel>(window, "lbl_run")->text().contains(QStringLiteral("was ended")));
 }
@@ -185,7 +185,7 @@ void CompileWindowTest::activatesLines() {
     QVERIFY2(child<QLabel>(window, "lbl_run")->text().contains(way), "\"line 7\" is a place");
     window.runBegins("bglcomp compile.xml");
     window.append("compile.bgl: written, 7 placements\r\n");
-    window.runEnds(CompileOutcome::madeScenery);
+    window.runEnds(CompileOutcome::madeScenery, "made");
     QVERIFY(!child<QLabel>(window, "lbl_run")->text().contains(way));
 }
 

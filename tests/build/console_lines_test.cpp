@@ -34,7 +34,9 @@ TEST(ConsoleLines, ShowsWhatAConsoleWould) {
         {"kept at the end\r", U"kept at the end"},
         {"a\r\r\nb", U"a\nb"},
         {"|\b/\b-\b\b\b*", U"*"},
-        {"tab\tbell\a null" + std::string(1, '\0'), U"tab\tbell\uFFFD null\uFFFD"},
+        {"tab\tbell\a null" + std::string(1, '\0'), U"tab\tbell\\x07 null\\x00"},
+        {"\x7F\xC2\x9F\xEE\x80\x80\xEF\xBF\xBE\xF4\x8F\xBF\xBF",
+         U"\\x7F\\u{009F}\\u{E000}\\u{FFFE}\\u{10FFFF}"},
         {"Łódź 東京 😀\rK\n", U"Kódź 東京 😀\n"},
         {"1\n\n\n2", U"1\n\n\n2"},
     };

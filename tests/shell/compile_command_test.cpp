@@ -14,7 +14,7 @@ public:
     void runBegins(const std::string& /*commandLine*/) override { ADD_FAILURE() << "a compiler was started"; }
     void append(const std::string& /*piece*/) override {}
     WaitAnswer wait() override { return WaitAnswer::endCompiler; }
-    void runEnds(CompileOutcome /*outcome*/) override {}
+    void runEnds(CompileOutcome /*outcome*/, const std::string& /*verdict*/) override {}
     void showModal() override {}
 };
 
