@@ -13,7 +13,7 @@ namespace quillset {
 
 /// What the object list allows at the moment.
 struct ListState {
-    bool documentOpen = false;
+    bool documentOpen = false; ///< and has been read: one without content takes nothing
     /// A placement is selected.
     bool rowSelected = false;
 };

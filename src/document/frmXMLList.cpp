@@ -19,6 +19,7 @@ frmXMLList::frmXMLList(ObjectList& list, ErrorFunctions& errors, QWidget* parent
     grid_->setAccessibleName(QStringLiteral("Object list"));
     grid_->setAccessibleDescription(
         QStringLiteral("The placements of the open document, in their order in the file"));
+    grid_->emptyText = [this] { return emptyText(); };
     grid_->showRows(model_);
     grid_->setCurrentRow(list_.selectedRow() - 1);
     setFocusProxy(grid_);
@@ -34,6 +35,14 @@ frmXMLList::frmXMLList(ObjectList& list, ErrorFunctions& errors, QWidget* parent
     connect(grid_, &PlacementGrid::menuWanted, this, [this](const QPoint& position) {
         emit contextMenuWanted(position, list_.setXMLListMenuOptions());
     });
+}
+
+QString frmXMLList::emptyText() const {
+    return list_.canTakePlacements()
+               ? QStringLiteral("No placements yet.\nPick something in the catalogue and choose\n"
+                                "Objects > Add new object at end of list.")
+               : QStringLiteral("This scenery file could not be read: there is nothing to show or to edit.\n"
+                                "The file itself is unchanged.");
 }
 
 void frmXMLList::resizeEvent(QResizeEvent* event) {

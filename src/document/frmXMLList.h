@@ -28,6 +28,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    [[nodiscard]] QString emptyText() const;
+
     ObjectList& list_;
     ErrorFunctions& errors_;
     PlacementModel* model_;

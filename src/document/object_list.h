@@ -75,6 +75,8 @@ public:
     /// The sheet that follows the selection; none before the first call.
     void showPropertiesIn(PropertySheet* sheet) { sheet_ = sheet; }
 
+    /// Whether placements can be added: not to a document that could not be read.
+    [[nodiscard]] bool canTakePlacements() const { return document_.hasRoot(); }
     [[nodiscard]] int rowCount() const;
     /// Texts of a row; empty for a row that is not there.
     [[nodiscard]] RowTexts row(int row) const;

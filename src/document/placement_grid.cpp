@@ -137,15 +137,13 @@ void PlacementGrid::contextMenuEvent(QContextMenuEvent* event) {
 
 void PlacementGrid::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
-    if (model() && model()->rowCount() > 0)
+    if (!emptyText || (model() && model()->rowCount() > 0))
         return;
     QPainter painter(viewport());
     painter.setPen(quietText(palette()));
     const int margin = fontMetrics().height();
     painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
-                     Qt::AlignCenter | Qt::TextWordWrap,
-                     QStringLiteral("No placements yet: pick something in the catalogue and choose "
-                                    "Objects > Add new object at end of list"));
+                     Qt::AlignCenter | Qt::TextWordWrap, emptyText());
 }
 
 QModelIndex PlacementGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {

@@ -2,6 +2,8 @@
 
 #include <QTableView>
 
+#include <functional>
+
 namespace quillset {
 
 /// The grid of the object list: whole rows, always exactly one of them selected while there are rows, a hint
@@ -13,6 +15,8 @@ public:
 
     /// Sets the model and the column widths that go with it.
     void showRows(QAbstractItemModel* rows);
+    /// What stands in the place of rows while there are none.
+    std::function<QString()> emptyText;
     /// Selects a row (from 0; below 0: none) and brings it into view, without reporting it.
     void setCurrentRow(int row);
 

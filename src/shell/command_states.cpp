@@ -3,12 +3,11 @@
 namespace quillset {
 
 ListState listState(Session& session) {
-    return {session.document().isOpen(), session.list().selectedPlacement().has_value()};
+    return {session.document().hasRoot(), session.list().selectedPlacement().has_value()};
 }
 
 std::map<std::string_view, bool> commandStates(Session& session) {
     const bool open = session.document().isOpen();
-    const bool editable = open && session.document().hasRoot();
     const ListCommands list = session.list().setXMLListMenuOptions();
     const TreeMenuOptions tree = session.catalogue().setTreeMenuOptions(listState(session));
     return {
@@ -19,8 +18,8 @@ std::map<std::string_view, bool> commandStates(Session& session) {
         {"mImportSHP", editable},
         {"mClose", open},
         {"mUndo", session.journal().canUndo()},
-        {"mAddNewBefore", editable && tree.addNewBefore && list.addBefore},
-        {"mAddNewEnd", editable && tree.addNewEnd && list.addEnd},
+        {"mAddNewBefore", tree.addNewBefore && list.addBefore},
+        {"mAddNewEnd", tree.addNewEnd && list.addEnd},
         {"mUpdateObject", tree.updateObject && list.updateObject},
         {"mAddMDL", tree.addMDL},
         {"mAddMDLFolder", tree.addMDLFolder},

@@ -4,6 +4,7 @@
 #include "base/runtime_error.h"
 #include "base/tag_lines.h"
 #include "base/xml_file.h"
+#include "shell/configuration_merge.h"
 
 #include <array>
 #include <cstdlib>
@@ -72,16 +73,21 @@ void Configuration::createFresh(const std::string& fsPath) {
     append("XMLPath", {});
     for (const DefaultLayout& row : defaultLayouts)
         writeLayout(append(row.window, {}), {row.align, true, true});
+    before_.reset(document_);
 }
 
 std::optional<std::string> Configuration::load(const std::string& path) {
     const XmlRead read = readXmlFile(path, document_);
     if (!read.ok)
         return read.problem;
+    before_.reset(document_);
     return std::nullopt;
 }
 
-void Configuration::save(FileOperations& files, const std::string& path) const {
+void Configuration::save(FileOperations& files, const std::string& path) {
+    pugi::xml_document onDisk;
+    if (readXmlFile(path, onDisk).ok)
+        mergeConfiguration(root(), before_.document_element(), onDisk.document_element());
     writeFileAtomically(files, path, splitTagsOnLines(writeXml(document_)));
 }
 

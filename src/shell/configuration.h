@@ -37,8 +37,9 @@ public:
     void createFresh(const std::string& fsPath);
     /// Reads the file; nothing on success, else what is wrong with it.
     [[nodiscard]] std::optional<std::string> load(const std::string& path);
-    /// Writes the file atomically, every tag on a line of its own.
-    void save(FileOperations& files, const std::string& path) const;
+    /// Writes the file atomically, every tag on a line of its own. What somebody else has changed in the file
+    /// since it was read is kept (see mergeConfiguration).
+    void save(FileOperations& files, const std::string& path);
 
     /// The simulator's folder, without blanks around it and without a separator at the end.
     [[nodiscard]] std::string fsPath() const;
@@ -77,6 +78,7 @@ private:
     pugi::xml_node append(const char* name, const std::string& text);
 
     pugi::xml_document document_;
+    pugi::xml_document before_; ///< as it was read or made
 };
 
 /// The compiled file offered for a scenery file: the path with every ".xml" replaced by ".bgl" (lower case

@@ -12,6 +12,20 @@ constexpr const char* xmlFilter = "XML file (*.xml)|*.xml|";
 
 } // namespace
 
+class DocumentCommands::Working {
+public:
+    Working(DocumentCommands& commands, const std::string& what)
+        : commands_(commands) {
+        commands_.working.notify(what);
+    }
+    ~Working() { commands_.working.notify({}); }
+    Working(const Working&) = delete;
+    Working& operator=(const Working&) = delete;
+
+private:
+    DocumentCommands& commands_;
+};
+
 DocumentCommands::SaveQuestion DocumentCommands::askToSave() {
     session_.commitEdits();
     if (!session_.document().isOpen())
@@ -109,7 +123,10 @@ void DocumentCommands::saveAs() {
 }
 
 void DocumentCommands::writeTo(const std::string& path) {
-    session_.document().save(session_.fileOperations(), path);
+    {
+        const Working saving(*this, "Saving " + path + " ...");
+        session_.document().save(session_.fileOperations(), path);
+    }
     session_.recentFiles().add(foldedForStorage(path));
     session_.activity().show(path + " saved");
     session_.log().write("saved " + path);
@@ -130,7 +147,10 @@ void DocumentCommands::create(const std::string& path) {
 void DocumentCommands::load(const std::string& path) {
     session_.configuration().ensureBglPath(path);
     session_.configuration().setXmlPath(path);
-    const XmlRead read = session_.document().load(path);
+    const XmlRead read = [&] {
+        const Working opening(*this, "Opening " + path + " ...");
+        return session_.document().load(path);
+    }();
     session_.rescanCatalogue();
     session_.journal().reset();
     session_.list().fillXMLList();
@@ -151,7 +171,10 @@ void DocumentCommands::load(const std::string& path) {
 void DocumentCommands::undo() {
     session_.errors().trapped("mUndo_Click", form, [&] {
         session_.commitEdits();
-        const std::optional<std::string> undone = session_.journal().undo();
+        const std::optional<std::string> undone = [&] {
+            const Working undoing(*this, session_.journal().caption() + " ...");
+            return session_.journal().undo();
+        }();
         if (!undone)
             return;
         // The names of restored models must be known before the rows are filled.

@@ -29,8 +29,13 @@ public:
     /// Told with the path when a document was opened, created or got another path; with an empty text when it
     /// was dropped.
     Notifier<const std::string&> documentShown;
+    /// Told what takes a moment with a large document, before it is done, and with an empty text after it.
+    Notifier<const std::string&> working;
 
 private:
+    /// Tells about work for as long as it lives; no message box may be shown meanwhile.
+    class Working;
+
     enum class SaveQuestion { goOn, cancelled };
 
     SaveQuestion askToSave();

@@ -165,6 +165,10 @@ void Editor::connectWindows() {
         else
             window_->showDocument(QString::fromStdString(path));
     }));
+    connections_.push_back(documentCommands_.working.connect([this](const std::string& what) {
+        setBusyCursor(!what.empty());
+        window_->showWaiting(QString::fromStdString(what));
+    }));
     connections_.push_back(session_.catalogue().selectionChanged.connect([this] {
         if (const std::optional<CatalogueItem> item = session_.catalogue().selected())
             preview_->loadPreviewPicture(item->key);

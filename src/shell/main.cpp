@@ -13,6 +13,7 @@
 #include "simlink/simulator_recording.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 
 #include <cstdlib>
 
@@ -106,6 +107,8 @@ int run(int argc, char** argv, const CommandLine& options) {
     QApplication::setApplicationName(QStringLiteral("quillset-xml"));
     QApplication::setApplicationVersion(QStringLiteral(QUILLSET_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("quillset-xml"));
+    // Fonts without the shapes of some script are no fault of the program; another font stands in.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.text.font.match=false"));
     try {
         return edit(options);
     } catch (const RuntimeError& error) {

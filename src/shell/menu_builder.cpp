@@ -49,6 +49,8 @@ BuiltMenus buildMenus(QMainWindow& window) {
         built.menus.insert(text(row.name), menu);
         for (const CommandRow& command : row.commands) {
             QAction* const action = makeAction(window, command);
+            // These are switched on and off: a check mark is clearer than a frame around an icon.
+            action->setIconVisibleInMenu(row.name != "mView");
             menu->addAction(action);
             built.actions.insert(text(command.name), action);
         }

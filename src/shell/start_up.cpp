@@ -1,6 +1,7 @@
 #include "shell/start_up.h"
 
 #include "base/paths.h"
+#include "shell/temporary_files.h"
 
 namespace quillset {
 
@@ -44,23 +45,51 @@ void preparePreview(Session& session, StartUpWindows& windows, const RuntimeFile
         "Quillset XML will continue without the dynamic preview now");
 }
 
+/// Names each stage on the splash, and remembers the last one.
+class Stages {
+public:
+    explicit Stages(StartUpWindows& windows)
+        : windows_(windows) {}
+    void begin(const char* name) {
+        current_ = name;
+        windows_.setSplashText(current_);
+    }
+    [[nodiscard]] const std::string& current() const { return current_; }
+
+private:
+    StartUpWindows& windows_;
+    std::string current_;
+};
+
+// The window opens after a failure too, but what would have come next is not there.
+void tellWhatIsMissing(Session& session, const std::string& stage) {
+    session.dialogs().tell(
+        "The start was not completed: it failed at \"" + stage +
+            "\". What comes after that is missing, which can be the catalogue, the link to the "
+            "simulator and the preview of buildings.\r\n\r\nObjects > Rescan object tree "
+            "reads the catalogue again. If the settings in " +
+            session.files().config() + " are to blame, end the program, remove that file and start again.",
+        errorTitle, MessageIcon::critical);
+}
+
 // False when the program must end.
-bool runStages(Session& session, StartUpWindows& windows, const StartUpOptions& options) {
-    windows.setSplashText("Creating internal objects and variables");
+bool runStages(Session& session, StartUpWindows& windows, const StartUpOptions& options, Stages& stages) {
+    stages.begin("Creating internal objects and variables");
     const RuntimeFiles files(session.files().executable, options.windowsFolder);
-    windows.setSplashText("Reading configuration");
+    stages.begin("Reading configuration");
+    removeTemporaryFiles(session.files().undo);
     if (!readConfiguration(session, options.fsPath))
         return false;
     session.recentFiles().changed.notify();
-    windows.setSplashText("Docking windows");
+    stages.begin("Docking windows");
     windows.dockWindows();
-    windows.setSplashText("Reading available objects");
+    stages.begin("Reading available objects");
     session.rescanCatalogue();
-    windows.setSplashText("Checking for runtime files");
+    stages.begin("Checking for runtime files");
     if (!runtimeFilesPresent(session, files, options.runtimeFiles))
         return false;
     lookForSimulatorModule(session);
-    windows.setSplashText("Initializing generic building preview");
+    stages.begin("Initializing generic building preview");
     preparePreview(session, windows, files, options.textureConverter);
     return true;
 }
@@ -100,11 +129,14 @@ bool readConfiguration(Session& session, const std::optional<std::string>& fsPat
 
 StartUpOutcome startUp(Session& session, StartUpWindows& windows, const StartUpOptions& options) {
     bool ready = true;
-    session.errors().trapped("MDIForm_Load", "MDIForm1", [&] {
+    Stages stages(windows);
+    const bool complete = session.errors().trapped("MDIForm_Load", "MDIForm1", [&] {
         windows.showSplash();
-        ready = runStages(session, windows, options);
+        ready = runStages(session, windows, options, stages);
     });
     session.errors().trapped("MDIForm_Load", "MDIForm1", [&] { windows.closeSplash(); });
+    if (!complete)
+        tellWhatIsMissing(session, stages.current());
     return ready ? StartUpOutcome::ready : StartUpOutcome::programEnds;
 }
 

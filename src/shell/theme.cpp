@@ -20,13 +20,14 @@ struct Colours {
     const char* border;
     const char* highlight;
     const char* highlightedText;
+    const char* menuHighlight; // pale, since the icons keep their colours on it
     const char* link;
 };
 
-constexpr Colours lightColours{"#f4f5f7", "#ffffff", "#f7f9fb", "#1f2933", "#8a94a0",
-                               "#ffffff", "#c9d0d8", "#2b6cb0", "#ffffff", "#2b6cb0"};
-constexpr Colours darkColours{"#22272e", "#1b1f24", "#20252b", "#dfe5ec", "#76818d",
-                              "#2d333b", "#454d57", "#3b7dc4", "#ffffff", "#6cb0f5"};
+constexpr Colours lightColours{"#f4f5f7", "#ffffff", "#f7f9fb", "#1f2933", "#8a94a0", "#ffffff",
+                               "#c9d0d8", "#2b6cb0", "#ffffff", "#d6e4f3", "#2b6cb0"};
+constexpr Colours darkColours{"#22272e", "#1b1f24", "#20252b", "#dfe5ec", "#76818d", "#2d333b",
+                              "#454d57", "#3b7dc4", "#ffffff", "#364b63", "#6cb0f5"};
 
 QPalette paletteOf(const Colours& colours) {
     const auto colour = [](const char* name) { return QColor(QLatin1String(name)); };
@@ -44,6 +45,13 @@ QPalette paletteOf(const Colours& colours) {
         palette.setColor(role, colour(colours.text));
         palette.setColor(QPalette::Disabled, role, colour(colours.faint));
     }
+    return palette;
+}
+
+QPalette menuPaletteOf(const Colours& colours) {
+    QPalette palette = paletteOf(colours);
+    palette.setColor(QPalette::Highlight, QColor(QLatin1String(colours.menuHighlight)));
+    palette.setColor(QPalette::HighlightedText, QColor(QLatin1String(colours.text)));
     return palette;
 }
 
@@ -70,7 +78,10 @@ void applyAppearance(Appearance appearance) {
     const bool dark = systemIsDark();
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     const bool wantDark = appearance == Appearance::dark || (appearance == Appearance::system && dark);
-    QApplication::setPalette(paletteOf(wantDark ? darkColours : lightColours));
+    const Colours& colours = wantDark ? darkColours : lightColours;
+    QApplication::setPalette(paletteOf(colours));
+    for (const char* const widget : {"QMenu", "QMenuBar"})
+        QApplication::setPalette(menuPaletteOf(colours), widget);
 }
 
 Appearance appearanceFromText(const QString& text) {

@@ -10,7 +10,7 @@ using namespace quillset;
 
 namespace {
 
-std::string saved(const Configuration& configuration) {
+std::string saved(Configuration& configuration) {
     const test::TemporaryFolder folder;
     configuration.save(*systemFileOperations(), folder.file("config.xml"));
     return folder.read("config.xml");
@@ -48,6 +48,53 @@ TEST(Configuration, UnknownElementsAndHandEditsSurvive) {
     EXPECT_NE(written.find("<XMLPath>a &amp; b.xml</XMLPath>"), std::string::npos);
     EXPECT_THROW((void)configuration.mdlPath(), RuntimeError)
         << "a removed setting is an error, not a default";
+}
+
+TEST(Configuration, TwoProgramsLoseNothingOfEachOther) {
+    const test::TemporaryFolder folder;
+    const auto files = systemFileOperations();
+    const std::string path = folder.file("config.xml");
+    const auto loaded = [&] {
+        auto configuration = std::make_unique<Configuration>();
+        EXPECT_EQ(configuration->load(path), std::nullopt);
+        return configuration;
+    };
+    {
+        Configuration first;
+        first.createFresh("C:\\FS9");
+        first.setLastFiles({"a", "b", "c", "d", "e", "f", "g"});
+        first.ensureBglPath("a.xml");
+        first.ensureBglPath("b.xml");
+        first.save(*files, path);
+    }
+    const auto one = loaded();
+    const auto two = loaded();
+    one->addLibrary(LibraryKind::user, "one.xml");
+    one->setMdlPath("one");
+    one->setXmlPath("one");
+    one->setBglOutput(0, "one.bgl");
+    one->setBglOutput(1, "one.bgl");
+    one->setLastFiles({"one", "a", "b", "c", "d", "e", "f", "g"});
+    one->setLayout("frmPreview", {1, false, false});
+    two->addLibrary(LibraryKind::rwy12, "two.xml");
+    two->setXmlPath("two");
+    two->setBglOutput(1, "two.bgl");
+    two->setLastFiles({"two", "a", "b", "c", "d", "e", "f", "g"});
+    one->save(*files, path);
+    two->save(*files, path);
+
+    const auto both = loaded();
+    EXPECT_EQ(both->libraries(LibraryKind::user), std::vector<std::string>{"one.xml"});
+    EXPECT_EQ(both->libraries(LibraryKind::rwy12), std::vector<std::string>{"two.xml"});
+    EXPECT_EQ(both->mdlPath(), "one");
+    EXPECT_EQ(both->xmlPath(), "two") << "what both have set: the last one";
+    EXPECT_EQ(both->bglPaths(), (std::vector<BglPath>{{"a.xml", "one.bgl"}, {"b.xml", "two.bgl"}}));
+    EXPECT_EQ(both->layout("frmPreview"), (WindowLayout{1, false, false}));
+    EXPECT_EQ(both->lastFiles(), (std::vector<std::string>{"two", "one", "a", "b", "c", "d", "e", "f"}))
+        << "never more than the menu has room for";
+    const std::string once = folder.read("config.xml");
+    both->save(*files, path);
+    EXPECT_EQ(folder.read("config.xml"), once);
 }
 
 TEST(Configuration, DamagedFilesAreRefused) {

@@ -132,6 +132,20 @@ TEST_F(DocumentCommandsTest, ARecentFileThatIsGoneIsForgotten) {
     EXPECT_EQ(dialogs.messages.size(), 1u) << "no such entry";
 }
 
+TEST_F(DocumentCommandsTest, TellsWhatTakesAMomentAndNoLonger) {
+    std::vector<std::string> work;
+    const Connection watching = commands.working.connect([&](const std::string& what) {
+        work.push_back(what);
+        work.push_back(std::to_string(dialogs.messages.size()) + " messages");
+    });
+    const std::string path = folder.file("none.xml");
+    commands.openFile(path);
+    commands.save();
+    EXPECT_EQ(work, (std::vector<std::string>{"Opening " + path + " ...", "0 messages", "", "0 messages",
+                                              "Saving " + path + " ...", "1 messages", "", "1 messages"}));
+    EXPECT_EQ(dialogs.messages.size(), 2u) << "neither was possible; told when the work was over";
+}
+
 TEST_F(DocumentCommandsTest, AFileThatIsNoXmlNeverReachesTheDiskAgain) {
     const struct {
         const char* name;

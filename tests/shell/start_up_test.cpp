@@ -134,6 +134,7 @@ TEST_F(StartUpTest, AnUnexpectedErrorIsReportedAndTheWindowOpensAllTheSame) {
     EXPECT_EQ(dialogs.messages.at(0).text,
               "Error 91 (Object variable or With block variable not set) in procedure "
               "MDIForm_Load of Form MDIForm1");
+    EXPECT_NE(dialogs.messages.at(1).text.find("it failed at \"Docking windows\""), std::string::npos);
     EXPECT_EQ(windows.steps.back(), "close");
     EXPECT_EQ(ended, 0);
 }
@@ -149,6 +150,7 @@ TEST_F(StartUpTest, TheSimulatorsFolderFromElsewhere) {
 TEST_F(StartUpTest, EveryStepOfTheEndRunsWhateverFails) {
     start();
     folder.write("program/undo0000.xml", "left by an abnormal end");
+    folder.write("program/temp.bmp", "of the last texture");
     session.document().create(folder.file("a.xml"));
     session.journal().record(UndoKind::addObject);
     shutDown(session,
@@ -158,5 +160,24 @@ TEST_F(StartUpTest, EveryStepOfTheEndRunsWhateverFails) {
               "MDIForm_Unload of Form MDIForm1");
     EXPECT_TRUE(folder.has("program/config.xml"));
     EXPECT_FALSE(folder.has("program/undo0000.xml"));
+    EXPECT_FALSE(folder.has("program/temp.bmp"));
     EXPECT_TRUE(linkClosed);
+}
+
+TEST_F(StartUpTest, RemovesWhatACrashHasLeftForAMoment) {
+    registered = folder.file("fs");
+    const std::string old = folder.write("program/.quillset-0123456789abcdef.tmp", "x");
+    std::filesystem::last_write_time(toPath(old),
+                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(48));
+    const char* const kept[] = {"undo0000.xml", "recovery.xml", ".quillset-fedcba9876543210.tmp",
+                                "other.part"};
+    for (const char* const name : kept)
+        folder.write(std::string("program/") + name, "x");
+    folder.write("program/undo0001.xml.part", "x");
+    folder.write("program/temp.bmp", "x");
+    EXPECT_EQ(startUp(session, windows, options), StartUpOutcome::ready);
+    for (const char* const name : {"undo0001.xml.part", "temp.bmp", ".quillset-0123456789abcdef.tmp"})
+        EXPECT_FALSE(folder.has(std::string("program/") + name)) << name;
+    for (const char* const name : kept)
+        EXPECT_TRUE(folder.has(std::string("program/") + name)) << name;
 }
