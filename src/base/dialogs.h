@@ -21,6 +21,8 @@ struct Message {
     std::string title = applicationTitle;
     MessageButtons buttons = MessageButtons::ok;
     MessageIcon icon = MessageIcon::none;
+    /// What stands below the text: which file, and why. May be empty.
+    std::string detail = {};
 
     bool operator==(const Message&) const = default;
 };
@@ -61,8 +63,8 @@ public:
 
     /// A message with an OK button.
     void tell(const std::string& text, const char* title = applicationTitle,
-              MessageIcon icon = MessageIcon::information) {
-        ask({text, title, MessageButtons::ok, icon});
+              MessageIcon icon = MessageIcon::information, const std::string& detail = {}) {
+        ask({text, title, MessageButtons::ok, icon, detail});
     }
 };
 

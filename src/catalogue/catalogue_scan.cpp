@@ -1,6 +1,7 @@
 #include "catalogue/catalogue_scan.h"
 
 #include "base/paths.h"
+#include "base/xml_file.h"
 #include "catalogue/folder_listing.h"
 #include "catalogue/library_files.h"
 
@@ -29,13 +30,15 @@ public:
             });
         });
         if (!readable)
-            tellFailure("Failed to load generic.xml file");
+            tellFailure("Failed to load generic.xml file", problemOf(path));
     }
 
     void addEffects(const std::string& simulatorFolder) {
         const std::optional<std::string> folder = effectsFolder(simulatorFolder);
         if (!folder) {
-            tellFailure("FS path not found, please check your config.xml file");
+            tellFailure("FS path not found, please check your config.xml file",
+                        simulatorFolder.empty() ? "No folder is set there."
+                                                : "There is no folder \"effects\" in " + simulatorFolder);
             return;
         }
         const NodeId group = nodes_.add(root, NodeKind::effectsGroup, "effects", "Effects");
@@ -60,7 +63,7 @@ public:
             });
         });
         if (!readable)
-            tellFailure("Please select a valid user library file");
+            tellFailure("Please select a valid user library file", problemOf(path));
     }
 
     void addModels(const std::vector<CatalogueModel>& models) {
@@ -96,7 +99,15 @@ private:
         errors_.report(error.number, error.description, procedure, "frmObjTree");
     }
 
-    void tellFailure(const char* text) { dialogs_.tell(text, errorTitle, MessageIcon::critical); }
+    void tellFailure(const char* text, const std::string& detail) {
+        dialogs_.tell(text, errorTitle, MessageIcon::critical, detail);
+    }
+    // Read again, which only a file does that cannot be read.
+    static std::string problemOf(const std::string& path) {
+        pugi::xml_document document;
+        const std::string problem = readXmlFile(path, document).problem;
+        return problem.find(path) == std::string::npos ? path + ": " + problem : problem;
+    }
 
     Dialogs& dialogs_;
     ErrorFunctions& errors_;

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -37,7 +38,8 @@ MDIForm1::MDIForm1(Session& session, const ToolWindows& windows)
     setWindowIcon(programIcon());
     setDockNestingEnabled(true);
     setCentralWidget(area_);
-    resize(1280, 820);
+    resize(
+        QSize(1280, 820).boundedTo(screen()->availableGeometry().size() * 0.95)); // small or scaled screens
     buildToolBar(*this, menus_);
     buildAppearanceMenu();
     buildStatusBar();

@@ -20,7 +20,7 @@ public:
 
     Answer ask(const Message& message) override {
         std::string line = "quillset-xml: ";
-        for (const char c : message.text)
+        for (const char c : message.detail.empty() ? message.text : message.text + ": " + message.detail)
             if (c != '\r')
                 line += c == '\n' ? ' ' : c;
         write_(line + "\n");

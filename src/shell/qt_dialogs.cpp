@@ -68,7 +68,9 @@ void fill(QMessageBox& box, const Message& message) {
     box.setObjectName(QStringLiteral("messageBox"));
     box.setWindowTitle(QString::fromStdString(message.title));
     box.setTextFormat(Qt::PlainText);
-    box.setText(QString::fromStdString(message.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    // In one text with the detail: the toolkit's place for it would take a file name for markup.
+    const std::string text = message.detail.empty() ? message.text : message.text + "\n\n" + message.detail;
+    box.setText(QString::fromStdString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     box.setIcon(iconOf(message.icon));
     box.setStandardButtons(buttonsOf(message.buttons));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);

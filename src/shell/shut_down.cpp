@@ -37,12 +37,12 @@ void shutDown(Session& session, const std::function<WindowLayout(const std::stri
             for (const char* const window : {"frmPreview", "frmObjTree", "frmObjProp"})
                 session.configuration().setLayout(window, layoutOf(window));
         },
+        [&] { removeTemporaryFiles(session.files().undo); }, // first: they may be what fills the disk
         [&] {
             const auto lock = configurationLock(session.files().data);
             session.configuration().save(session.fileOperations(), session.files().config());
         },
         [&] { session.journal().deleteSnapshots(); },
-        [&] { removeTemporaryFiles(session.files().undo); },
         [&] { session.closeSimulatorLink(); },
     };
     for (const std::function<void()>& step : steps)

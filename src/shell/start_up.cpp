@@ -105,11 +105,12 @@ bool readConfiguration(Session& session, const std::optional<std::string>& fsPat
     Configuration& configuration = session.configuration();
     const std::string file = session.files().config();
     if (fileExists(file) || folderExists(file)) {
-        if (configuration.load(file)) {
+        if (const std::optional<std::string> problem = configuration.load(file)) {
             session.dialogs().tell(
                 "Failed to load config.xml file, please remove the current config.xml and restart "
                 "Quillset XML",
-                errorTitle, MessageIcon::critical);
+                errorTitle, MessageIcon::critical,
+                problem->find(file) == std::string::npos ? file + ": " + *problem : *problem);
             return false;
         }
         if (fsPath)

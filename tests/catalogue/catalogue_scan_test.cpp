@@ -88,11 +88,13 @@ TEST_F(CatalogueScanTest, AMissingDefaultLibraryOrSimulatorFolderCostsItsGroupOn
     sources.genericFile = folder.file("none.xml");
     sources.simulatorFolder = folder.file("nowhere");
     rescan();
-    EXPECT_EQ(dialogs.messages,
-              (std::vector<Message>{{"Failed to load generic.xml file", "Quillset XML error",
-                                     MessageButtons::ok, MessageIcon::critical},
-                                    {"FS path not found, please check your config.xml file",
-                                     "Quillset XML error", MessageButtons::ok, MessageIcon::critical}}));
+    EXPECT_EQ(
+        dialogs.messages,
+        (std::vector<Message>{{"Failed to load generic.xml file", "Quillset XML error", MessageButtons::ok,
+                               MessageIcon::critical, "File not found: " + folder.file("none.xml")},
+                              {"FS path not found, please check your config.xml file", "Quillset XML error",
+                               MessageButtons::ok, MessageIcon::critical,
+                               "There is no folder \"effects\" in " + folder.file("nowhere")}}));
     EXPECT_EQ(below("root"),
               (Lines{"generic=Default library objects", "user=User library objects", "local=MDL objects",
                      "genbuild=Generic building", "  rectangular=Rectangular building",
