@@ -8,6 +8,7 @@ ListState listState(Session& session) {
 
 std::map<std::string_view, bool> commandStates(Session& session) {
     const bool open = session.document().isOpen();
+    const bool editable = session.document().hasRoot();
     const ListCommands list = session.list().setXMLListMenuOptions();
     const TreeMenuOptions tree = session.catalogue().setTreeMenuOptions(listState(session));
     return {
