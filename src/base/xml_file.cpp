@@ -173,6 +173,13 @@ std::string writeXml(const pugi::xml_node& document, TextEncoding encoding) {
     return written(document, encoding, XmlWriter::Layout::oneLine);
 }
 
+void writeXml(const pugi::xml_node& document, TextEncoding encoding, const PieceSink& sink) {
+    if (encodingToWrite(document, encoding) == TextEncoding::utf8)
+        (void)writeXmlPieces(document, TextEncoding::utf8, XmlWriter::Layout::oneLine, sink);
+    else
+        sink(writeXml(document, encoding));
+}
+
 std::string writeXmlLines(const pugi::xml_node& document, TextEncoding encoding) {
     return written(document, encoding, XmlWriter::Layout::tagsOnLines);
 }

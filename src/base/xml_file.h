@@ -32,6 +32,9 @@ struct XmlRead {
 [[nodiscard]] std::string writeXml(const pugi::xml_node& document,
                                    TextEncoding encoding = TextEncoding::utf8);
 
+/// The same bytes piece by piece; UTF-8 is never held in memory as a whole.
+void writeXml(const pugi::xml_node& document, TextEncoding encoding, const PieceSink& sink);
+
 /// The same with every tag on a line of its own, as files for the user are saved: the bytes of
 /// splitTagsOnLines(writeXml(...)), without the detour.
 [[nodiscard]] std::string writeXmlLines(const pugi::xml_node& document,

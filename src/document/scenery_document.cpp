@@ -70,6 +70,11 @@ std::string SceneryDocument::serialise() const {
     return isOpen() ? writeXml(*tree_, encoding_) : std::string();
 }
 
+void SceneryDocument::serialise(const PieceSink& sink) const {
+    if (isOpen())
+        writeXml(*tree_, encoding_, sink);
+}
+
 pugi::xml_node SceneryDocument::root() const {
     return isOpen() ? tree_->document_element() : pugi::xml_node();
 }

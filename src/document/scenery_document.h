@@ -70,6 +70,8 @@ public:
     [[nodiscard]] std::string fileBytes() const;
     /// The tree on one line, in the encoding of the file where that holds all characters; a snapshot is that.
     [[nodiscard]] std::string serialise() const;
+    /// The same piece by piece.
+    void serialise(const PieceSink& sink) const;
     /// The same, to be kept up to date while placements are added to the end. The root element must have a
     /// child; the document must not change otherwise meanwhile.
     [[nodiscard]] GrowingXml growingSerialisation() const { return {*tree_, encoding_}; }

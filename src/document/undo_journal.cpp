@@ -25,20 +25,27 @@ RuntimeError lastError(const std::string& path) {
 
 /// Snapshots serve the running program only, so nothing is forced to the disk here; but the file gets its
 /// name when it is complete, so that one cut short is never taken for a good one.
-void writeSnapshot(const std::string& path, std::initializer_list<std::string_view> parts) {
+void writeSnapshot(const std::string& path, const FileContent& content) {
     const std::string working = path + ".part";
     std::error_code ignored;
     errno = 0;
     std::ofstream out(toPath(working), std::ios::binary | std::ios::trunc);
-    if (!out)
-        throw lastError(path);
-    for (const std::string_view part : parts)
-        out.write(part.data(), static_cast<std::streamsize>(part.size()));
-    out.close();
-    if (!out) {
-        const RuntimeError failure = lastError(path);
+    const auto check = [&] {
+        if (!out)
+            throw lastError(path);
+    };
+    check();
+    try {
+        content([&](std::string_view piece) {
+            out.write(piece.data(), static_cast<std::streamsize>(piece.size()));
+            check();
+        });
+        out.close();
+        check();
+    } catch (...) {
+        out.close();
         fs::remove(toPath(working), ignored);
-        throw failure;
+        throw;
     }
     // An older run or branch may have left a snapshot there. File systems take a file that is renamed over
     // another one for a careful save and write its bytes out at once; here that would only cost time.
@@ -75,12 +82,15 @@ UndoJournal::UndoJournal(SceneryDocument& document, std::string folder)
 
 void UndoJournal::record(UndoKind kind) {
     requireRoom();
-    write(kind, {document_.serialise()});
+    write(kind, [this](const PieceSink& put) { document_.serialise(put); });
 }
 
 void UndoJournal::record(UndoKind kind, const GrowingXml& serialised) {
     requireRoom();
-    write(kind, {serialised.head(), serialised.tail()});
+    write(kind, [&](const PieceSink& put) {
+        put(serialised.head());
+        put(serialised.tail());
+    });
 }
 
 void UndoJournal::requireRoom() const {
@@ -90,8 +100,8 @@ void UndoJournal::requireRoom() const {
         throw RuntimeError(ErrorNumber::subscriptOutOfRange);
 }
 
-void UndoJournal::write(UndoKind kind, std::initializer_list<std::string_view> bytes) {
-    writeSnapshot(snapshotPath(count()), bytes);
+void UndoJournal::write(UndoKind kind, const FileContent& content) {
+    writeSnapshot(snapshotPath(count()), content);
     kinds_.push_back(kind);
     highestCount_ = std::max(highestCount_, count());
 }

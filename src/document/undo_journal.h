@@ -1,10 +1,10 @@
 #pragma once
 
+#include "base/atomic_file.h"
+
 #include <cstddef>
-#include <initializer_list>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace quillset {
@@ -52,7 +52,7 @@ public:
 
 private:
     void requireRoom() const;
-    void write(UndoKind kind, std::initializer_list<std::string_view> bytes);
+    void write(UndoKind kind, const FileContent& content);
     [[nodiscard]] std::string snapshotPath(std::size_t position) const;
 
     SceneryDocument& document_;
