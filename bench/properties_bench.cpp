@@ -3,6 +3,7 @@
 //   bytes (100,000 placements), and at most 2 ms (1,000 placements);
 // - selecting a row, with everything that follows the selection and the repaint: at most 5 ms (100,000).
 
+#include "base/paths.h"
 #include "catalogue/frmObjTree.h"
 #include "comparison.h"
 #include "document/frmXMLList.h"
@@ -16,6 +17,8 @@
 #include <QBuffer>
 #include <QImage>
 
+#include <chrono>
+#include <filesystem>
 #include <fstream>
 
 namespace {
@@ -73,6 +76,10 @@ std::string writePictures(const test::TemporaryFolder& folder) {
     picture.save(&buffer, "JPG");
     for (int i = 0; i < 20'000; i += 10)
         folder.write("pics/" + std::to_string(i) + ".jpg", bytes.toStdString());
+    // Stored in an earlier session: a folder that has just changed is listed again at each look.
+    const std::filesystem::path pictures = toPath(folder.file("pics"));
+    std::filesystem::last_write_time(pictures,
+                                     std::filesystem::last_write_time(pictures) - std::chrono::hours(1));
     return folder.path();
 }
 
