@@ -9,6 +9,7 @@
 #include "document/placement.h"
 #include "document/scenery_document.h"
 #include "geodata/memory_files.h"
+#include "geodata/shapefile_parts.h"
 
 #include <algorithm>
 #include <array>
@@ -172,10 +173,10 @@ ExportCount writePoints(const SceneryDocument& document, const ObjectNames& name
     return count;
 }
 
-void removeSearchIndexes(FileOperations& files, const std::string& stem) {
+void removeSearchIndexes(FileOperations& files, const std::string& shapefile) {
     for (const char* const extension : searchIndexes) {
         try {
-            files.remove(stem + extension);
+            files.remove(besideShapefile(shapefile, extension));
         } catch (const RuntimeError&) { // one that cannot be removed is no reason to call the export failed
         }
     }
@@ -187,18 +188,24 @@ std::string shapefilePath(const std::string& chosen) {
     return lowerCase(chosen).ends_with(".shp") ? chosen : chosen + ".shp";
 }
 
+bool exportReplaces(const std::string& path) {
+    const std::string target = shapefilePath(path);
+    constexpr const char* parts[] = {".shp", ".shx", ".dbf", ".cpg", ".prj"};
+    return std::any_of(std::begin(parts), std::end(parts),
+                       [&](const char* extension) { return fileExists(besideShapefile(target, extension)); });
+}
+
 ExportCount exportShapefile(const SceneryDocument& document, const ObjectNames& names, FileOperations& files,
                             const std::string& path) {
     MemoryFiles written;
     const ExportCount count = writePoints(document, names, written, path);
     const std::string target = shapefilePath(path);
-    const std::string stem = target.substr(0, target.size() - 4);
     writeFilesTogether(files, {{target, written.file("shp")},
-                               {stem + ".shx", written.file("shx")},
-                               {stem + ".dbf", written.file("dbf")},
-                               {stem + ".cpg", written.file("cpg")},
-                               {stem + ".prj", wgs84}});
-    removeSearchIndexes(files, stem);
+                               {besideShapefile(target, ".shx"), written.file("shx")},
+                               {besideShapefile(target, ".dbf"), written.file("dbf")},
+                               {besideShapefile(target, ".cpg"), written.file("cpg")},
+                               {besideShapefile(target, ".prj"), wgs84}});
+    removeSearchIndexes(files, target);
     return count;
 }
 

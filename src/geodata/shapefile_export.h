@@ -25,11 +25,14 @@ struct ExportCount {
 /// The path that an export to the chosen path writes: with ".shp" at its end.
 [[nodiscard]] std::string shapefilePath(const std::string& chosen);
 
+/// Whether an export to that path replaces a file, be it only a table that lies there alone.
+[[nodiscard]] bool exportReplaces(const std::string& path);
+
 /// Writes one point (WGS84 degrees) with one record for each placement, in document order: the files .shp,
-/// .shx and .dbf, with .cpg (UTF-8) and .prj beside them, all five or none. Old files are replaced; a search
-/// index of the old points (.qix, .sbn, .sbx) is removed, since it would hide the new ones. Texts longer than
-/// their fields (code 65, guid 33, xmlComment 65 bytes) are cut after a whole character. Throws RuntimeError,
-/// with the old files untouched.
+/// .shx and .dbf, with .cpg (UTF-8) and .prj beside them, all five or none. Old files are replaced, those
+/// beside the .shp in any letter case; a search index of the old points (.qix, .sbn, .sbx) is removed, since
+/// it would hide the new ones. Texts longer than their fields (code 65, guid 33, xmlComment 65 bytes) are cut
+/// after a whole character. Throws RuntimeError, with the old files untouched.
 ExportCount exportShapefile(const SceneryDocument& document, const ObjectNames& names, FileOperations& files,
                             const std::string& path);
 

@@ -7,6 +7,8 @@
 #include "geodata/reference_system.h"
 #include "geodata/shapefile_export.h"
 
+#include <algorithm>
+
 namespace quillset {
 
 namespace {
@@ -64,7 +66,7 @@ void GeodataCommands::exportShapefile() {
         if (chosen.empty())
             return;
         const std::string path = shapefilePath(chosen);
-        if (!fileExists(path) || confirmed("File already exists. Are you sure you want to overwrite it?"))
+        if (!exportReplaces(path) || confirmed("File already exists. Are you sure you want to overwrite it?"))
             exportTo(path);
     });
 }
@@ -97,11 +99,12 @@ void GeodataCommands::importFrom(const std::string& path) {
     }
     if (!coordinatesMayBeRd(path))
         return;
-    const std::string question =
-        costQuestion(importCost(session_.document(), session_.journal(), file.points), file.points.size());
+    const ImportCost cost = importCost(session_.document(), session_.journal(), file.points);
+    const std::string question = costQuestion(cost, file.points.size());
     if (!question.empty() && !confirmed(question))
         return;
-    const std::size_t added = addPoints(file);
+    const std::size_t added =
+        addPoints(std::span(file.points).first(std::min(file.points.size(), cost.room)));
     std::string text = importText(added, file.skipped);
     if (added < file.points.size())
         text += "; ended before the other " + std::to_string(file.points.size() - added);
@@ -112,10 +115,9 @@ void GeodataCommands::importFrom(const std::string& path) {
         session_.dialogs().tell(text + ".");
 }
 
-std::size_t GeodataCommands::addPoints(const PointFile& file) {
-    const ProgressShown shown(progress_, "Adding points to the scenery", file.points.size());
-    return session_.list().addNewObjects(file.points,
-                                         [this](std::size_t done) { return progress_.goOn(done); });
+std::size_t GeodataCommands::addPoints(std::span<const NewPlacement> points) {
+    const ProgressShown shown(progress_, "Adding points to the scenery", points.size());
+    return session_.list().addNewObjects(points, [this](std::size_t done) { return progress_.goOn(done); });
 }
 
 bool GeodataCommands::coordinatesMayBeRd(const std::string& path) {

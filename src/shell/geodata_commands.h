@@ -2,10 +2,11 @@
 
 #include "shell/session.h"
 
+#include <span>
+
 namespace quillset {
 
 class Progress;
-struct PointFile;
 
 /// The exchange with programs for geographic data: export of all placements, import of points. Both report
 /// their own failures and return.
@@ -21,7 +22,7 @@ public:
 private:
     void exportTo(const std::string& path);
     void importFrom(const std::string& path);
-    std::size_t addPoints(const PointFile& file);
+    std::size_t addPoints(std::span<const NewPlacement> points);
     [[nodiscard]] bool coordinatesMayBeRd(const std::string& path);
     [[nodiscard]] bool confirmed(const std::string& question);
 

@@ -42,6 +42,8 @@ bool ProgressWindow::goOn(std::size_t done) {
 
 void ProgressWindow::end() {
     QApplication::restoreOverrideCursor();
+    // At once: it is only deleted after the messages that may follow the command.
+    dialog_->hide();
     dialog_->deleteLater();
 }
 

@@ -83,6 +83,18 @@ TEST_F(GeodataCommandsTest, ExportAsksBeforeItOverwrites) {
     }
 }
 
+TEST_F(GeodataCommandsTest, AnExportReplacesTheTableThatLiesThere) {
+    folder.write("out.DBF", "old");
+    for (const Answer answer : {Answer::no, Answer::yes}) {
+        dialogs.answers = {answer};
+        dialogs.paths = {folder.file("out")};
+        commands.exportShapefile();
+        EXPECT_EQ(folder.read("out.DBF") == "old", answer == Answer::no);
+        EXPECT_EQ(folder.has("out.shp"), answer == Answer::yes);
+    }
+    EXPECT_EQ(dialogs.messages.size(), 2U);
+}
+
 TEST_F(GeodataCommandsTest, AFailedExportIsReportedAndEndsNothing) {
     dialogs.paths = {folder.file("missing/out.shp")};
     commands.exportShapefile();

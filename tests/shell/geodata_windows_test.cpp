@@ -83,6 +83,7 @@ private slots:
         QVERIFY(!progress.goOn(2));
         progress.end();
         QVERIFY(QApplication::overrideCursor() == nullptr);
+        QVERIFY2(!dialog->isVisible(), "it would stand behind the message of the result");
     }
 
 private:
