@@ -22,10 +22,8 @@ private slots:
     void initTestCase();
     void init();
     void cleanup();
-    void texturesAreLoadedAtTheStart();
     void turnsByItselfUntilStopped();
     void editsShowAtOnce();
-    void otherSelectionsLeaveThePictureAlone();
     void aPictureGivesWayToTheBuilding();
     void resizingKeepsTheShape();
 
@@ -99,12 +97,8 @@ void PreviewBuildingTest::waitForTicks(int count) const {
     disconnect(connection);
 }
 
-void PreviewBuildingTest::texturesAreLoadedAtTheStart() {
-    QVERIFY(dialogs_.messages.empty());
-    QVERIFY(program_.has("temp.bmp"));
-}
-
 void PreviewBuildingTest::turnsByItselfUntilStopped() {
+    QVERIFY(dialogs_.messages.empty()); // all textures were there
     QTRY_VERIFY(coloured() > 500);
     const QImage first = shown();
     QTRY_VERIFY(shown() != first);
@@ -130,18 +124,6 @@ void PreviewBuildingTest::editsShowAtOnce() {
     context_.document.child("GenericBuilding").remove_children();
     waitForTicks(2);
     QCOMPARE(shown(), after);
-}
-
-void PreviewBuildingTest::otherSelectionsLeaveThePictureAlone() {
-    QTRY_VERIFY(coloured() > 500);
-    context_.genBuildSelected = false;
-    const QImage still = shown();
-    waitForTicks(3);
-    QCOMPARE(shown(), still);
-    context_.genBuildSelected = true;
-    context_.kind = "Effect";
-    waitForTicks(3);
-    QCOMPARE(shown(), still);
 }
 
 void PreviewBuildingTest::aPictureGivesWayToTheBuilding() {
