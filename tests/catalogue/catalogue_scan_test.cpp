@@ -75,15 +75,6 @@ TEST_F(CatalogueScanTest, AnObjectNeverTakesTheKeyOfAGroupOrBuilding) {
     EXPECT_EQ(below("genbuild"), buildings);
 }
 
-TEST_F(CatalogueScanTest, SeveralEmptyKeysAreDuplicates) {
-    sources.userLibraries = {
-        folder.write("u.xml", R"(<a><ModelData sourceFile="x.mdl"/><ModelData/><ModelData name="K"/></a>)")};
-    sources.rwy12Libraries = {folder.write("r.xml", R"(<a><obj guid="R1"/></a>)")};
-    rescan();
-    EXPECT_EQ(messageTexts(), (Lines{duplicateInLibrary}));
-    EXPECT_EQ(below("user"), (Lines{"u.xml=u.xml", "  =x.mdl", "r.xml=r.xml", "  R1="}));
-}
-
 TEST_F(CatalogueScanTest, AMissingDefaultLibraryOrSimulatorFolderCostsItsGroupOnly) {
     sources.genericFile = folder.file("none.xml");
     sources.simulatorFolder = folder.file("nowhere");
@@ -99,15 +90,6 @@ TEST_F(CatalogueScanTest, AMissingDefaultLibraryOrSimulatorFolderCostsItsGroupOn
               (Lines{"generic=Default library objects", "user=User library objects", "local=MDL objects",
                      "genbuild=Generic building", "  rectangular=Rectangular building",
                      "  pyramidal=Pyramidal building", "  multisided=MultiSided building"}));
-}
-
-TEST_F(CatalogueScanTest, ASimulatorFolderMustBeNamed) {
-    for (const std::string& path : {std::string(), folder.write("plain/effects", "a file")}) {
-        dialogs.messages.clear();
-        sources.simulatorFolder = path.empty() ? path : folder.file("plain");
-        rescan();
-        EXPECT_EQ(messageTexts(), (Lines{"FS path not found, please check your config.xml file"}));
-    }
 }
 
 struct LibraryCase {

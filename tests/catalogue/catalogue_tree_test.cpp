@@ -19,14 +19,6 @@ protected:
     }
 };
 
-TEST_F(CatalogueTreeTest, FindsNamesByExactKeyOnly) {
-    EXPECT_EQ(tree.getObjectName("AA02"), "Crane");
-    EXPECT_EQ(tree.getObjectName("U1"), "1.mdl");
-    EXPECT_EQ(tree.getObjectName("effects"), "Effects");
-    for (const char* key : {"aa02", "AA02 ", "FX_SMOKE.FX", "", "Crane"})
-        EXPECT_EQ(tree.getObjectName(key), "!unknown!") << key;
-}
-
 TEST_F(CatalogueTreeTest, TellsWhatTheSelectionIs) {
     struct Row {
         const char* key;

@@ -1,15 +1,10 @@
 #include "catalogue/frmObjTree.h"
 
-#include "catalogue/object_icons.h"
 #include "catalogue/object_tree_model.h"
 #include "catalogue_fixture.h"
 
 #include <QAbstractItemModelTester>
-#include <QAccessible>
-#include <QGuiApplication>
-#include <QIcon>
 #include <QLineEdit>
-#include <QPalette>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -33,11 +28,6 @@ private slots:
     void modelsAppearWithoutAScan();
     void searchingHidesButNeverSelects();
     void theSearchLineObeysItsKeys();
-    void theSelectedNodeIsNeverHidden();
-    void aFailingResizeEndsTheProgram();
-    void fitsItsWindow();
-    void iconsFollowThePalette();
-    void screenReadersFindTheNodes();
 
 private:
     [[nodiscard]] QModelIndex indexOf(const char* key) const;
@@ -123,6 +113,10 @@ void ObjTreeWindowTest::showsTheTreeInItsOrder() {
                     "Rectangular building", "Pyramidal building", "MultiSided building"}));
     QVERIFY(indexOf("AA01").data(Qt::ToolTipRole).toString().contains(QStringLiteral("AA01")));
     QCOMPARE(selectedKey(), "none");
+    window_->resize(60, 40);
+    QCOMPARE(searchLine_->width(), 60);
+    QCOMPARE(view_->width(), 60);
+    QVERIFY(searchLine_->geometry().bottom() <= view_->geometry().top());
 }
 
 void ObjTreeWindowTest::clicksAndKeysSelect() {
@@ -263,79 +257,6 @@ void ObjTreeWindowTest::theSearchLineObeysItsKeys() {
     QTest::keyClick(searchLine_, Qt::Key_Escape);
     QVERIFY(view_->hasFocus());
     QVERIFY(view_->isExpanded(indexOf("genbuild")));
-}
-
-void ObjTreeWindowTest::theSelectedNodeIsNeverHidden() {
-    QTest::keyClicks(searchLine_, QStringLiteral("barn"));
-    catalogue_->tree.setObjTreeItem("M1");
-    QCOMPARE(visibleTexts(),
-             texts({"Objects", "Default library objects", "Barn", "MDL objects", "house.mdl"}));
-    QCOMPARE(currentText(), QStringLiteral("house.mdl"));
-    QCOMPARE(searchLine_->text(), QStringLiteral("barn"));
-    catalogue_->rescan();
-    QCOMPARE(currentText(), QStringLiteral("house.mdl"));
-}
-
-void ObjTreeWindowTest::aFailingResizeEndsTheProgram() {
-    struct Failing : frmObjTree {
-        using frmObjTree::frmObjTree;
-        void arrange() override { throw RuntimeError(ErrorNumber::invalidCall); }
-    };
-    Failing window(catalogue_->tree, catalogue_->errors, [] { return ListState(); });
-    QResizeEvent event(QSize(10, 10), QSize(20, 20));
-    QCoreApplication::sendEvent(&window, &event);
-    QCOMPARE(catalogue_->messageTexts().at(0),
-             "Error 5 (Invalid procedure call or argument) in procedure Form_Resize of Form frmObjTree");
-    QCOMPARE(catalogue_->dialogs.messages.size(), std::size_t{2});
-    QCOMPARE(catalogue_->ended, 1);
-}
-
-void ObjTreeWindowTest::fitsItsWindow() {
-    for (const QSize& size : {QSize(400, 300), QSize(60, 40), QSize(1, 1)}) {
-        window_->resize(size);
-        QCOMPARE(searchLine_->width(), window_->width());
-        QCOMPARE(view_->width(), window_->width());
-        QVERIFY(searchLine_->geometry().bottom() < view_->geometry().top() + 1);
-        QVERIFY(view_->height() <= 0 || view_->geometry().bottom() <= window_->rect().bottom());
-    }
-    QVERIFY(catalogue_->dialogs.messages.empty());
-}
-
-void ObjTreeWindowTest::iconsFollowThePalette() {
-    const QPalette original = QGuiApplication::palette();
-    for (const QColor& text : {QColor(Qt::black), QColor(Qt::white)}) {
-        QPalette palette = original;
-        palette.setColor(QPalette::Text, text);
-        QGuiApplication::setPalette(palette);
-        for (int kind = 0; kind <= static_cast<int>(NodeKind::building); ++kind) {
-            const QImage image = objectIcon(static_cast<NodeKind>(kind)).pixmap(64, 64).toImage();
-            int linePixels = 0;
-            for (int y = 0; y < image.height(); ++y)
-                for (int x = 0; x < image.width(); ++x)
-                    linePixels += image.pixelColor(x, y) == text ? 1 : 0;
-            QVERIFY2(linePixels > 20, qPrintable(QString::number(kind)));
-            QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
-        }
-    }
-    QGuiApplication::setPalette(original);
-}
-
-void ObjTreeWindowTest::screenReadersFindTheNodes() {
-    QAccessible::setActive(true);
-    QAccessibleInterface* const tree = QAccessible::queryAccessibleInterface(view_);
-    QVERIFY(tree);
-    QCOMPARE(tree->text(QAccessible::Name), QStringLiteral("Object tree"));
-    view_->expandAll();
-    const int header = 1; // the hidden one counts
-    QCOMPARE(tree->childCount(), header + 13);
-    QTest::keyClicks(searchLine_, QStringLiteral("crane"));
-    QCOMPARE(tree->childCount(), header + 3);
-    QCOMPARE(tree->child(header + 2)->text(QAccessible::Name), QStringLiteral("Crane"));
-    catalogue_->tree.setObjTreeItem("M1");
-    catalogue_->rescan();
-    searchLine_->clear();
-    QCOMPARE(tree->child(header)->text(QAccessible::Name), QStringLiteral("Objects"));
-    QAccessible::setActive(false);
 }
 
 } // namespace quillset
