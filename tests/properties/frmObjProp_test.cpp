@@ -71,7 +71,6 @@ private slots:
     void editorLiesOverTheCell();
     void everyRoadPassesTheFilter();
     void endsOfAnEdit();
-    void anEditNeverReachesAnotherPlacement();
     void spinBoxWritesAtOnce();
     void spinBoxIsSettledWhenItIsLeft();
     void listIsChangedByKeysAndByItsList();
@@ -81,7 +80,6 @@ private slots:
     void coordinateMenu();
     void editorFollowsTheScrolling();
     void layoutFollowsTheDocking();
-    void tooManyProperties();
 };
 
 void frmObjPropTest::editorLiesOverTheCell() {
@@ -200,44 +198,6 @@ void frmObjPropTest::endsOfAnEdit() {
         for (std::size_t i = 0; i < w.document.placementCount(); ++i)
             QVERIFY2(w.stored(i, "pitch") == (i == 0 ? expected : "0.0"), end.name);
         w.sheet->setParent(&w.host);
-    }
-}
-
-void frmObjPropTest::anEditNeverReachesAnotherPlacement() {
-    struct Row {
-        const char* name;
-        Act edit;
-        std::optional<std::size_t> placement; ///< where the edited placement stands afterwards
-    };
-    const auto undo = [](SheetWindow& w) { // as the command does it
-        w.editor.commitOpenEditor();
-        w.journal.undo();
-        w.list.updateXMLList();
-    };
-    const std::vector<Row> rows{
-        {"moved up", [](auto& w) { w.list.moveUp(); }, 0},
-        {"moved down", [](auto& w) { w.list.moveDown(); }, 2},
-        {"object before it", [](auto& w) { w.list.addNewObject("AA", 1, 2, true); }, 2},
-        {"object at the end", [](auto& w) { w.list.addNewObject("AA", 1, 2, false); }, 1},
-        {"removed", [](auto& w) { w.list.removeObject(); }, std::nullopt},
-        {"undone", undo, std::nullopt},
-        {"given another object", [](auto& w) { w.list.UpdateObject("BB"); }, 1},
-    };
-    for (const Row& row : rows) {
-        SheetWindow w;
-        w.open("pitch");
-        w.type("2.5");
-        row.edit(w);
-        w.editor.setNewData();
-        w.elsewhere->setFocus();
-        for (std::size_t i = 0; i < w.document.placementCount(); ++i)
-            QVERIFY2(w.stored(i, "pitch") == (i == row.placement ? "2.5" : "0.0"), row.name);
-        // The next edit goes to what the sheet shows now.
-        w.clickRow("bank");
-        w.type("7");
-        w.press(Qt::Key_Return);
-        for (std::size_t i = 0; i < w.document.placementCount(); ++i)
-            QVERIFY2(w.stored(i, "bank") == (i == w.list.selectedPlacement() ? "7" : "0.0"), row.name);
     }
 }
 
@@ -468,24 +428,6 @@ void frmObjPropTest::layoutFollowsTheDocking() {
     QCOMPARE(w.grid().geometry(), QRect(5, 27, 290, 533));
     const int shown = w.grid().viewport()->width();
     QCOMPARE(w.grid().columnWidth(nameColumn) + w.grid().columnWidth(valueColumn), shown);
-}
-
-void frmObjPropTest::tooManyProperties() {
-    SheetWindow w;
-    const auto addAttributes = [&w](int count) {
-        w.document.changePlacement(0, [&w, count] {
-            for (int i = 0; i < count; ++i)
-                w.document.placement(0).append_attribute("extra") = "1";
-        });
-        w.selectPlacement(1);
-    };
-    addAttributes(53); // 64 with those that were there
-    QVERIFY(w.dialogs.messages.empty());
-    QCOMPARE(w.grid().rowCount(), 64);
-    addAttributes(1);
-    QCOMPARE(w.dialogs.messages.size(), std::size_t{1});
-    QVERIFY(w.dialogs.messages[0].text.find("Error 9 (Subscript out of range)") == 0);
-    QCOMPARE(w.grid().rowCount(), 0);
 }
 
 QTEST_MAIN(frmObjPropTest)

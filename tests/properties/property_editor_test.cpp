@@ -161,17 +161,6 @@ TEST_F(PropertyEditorTest, anUnchangedEditorWritesNothing) {
     EXPECT_FALSE(editor.isEditing());
 }
 
-TEST_F(PropertyEditorTest, theEditStaysWithItsPlacementAndRow) {
-    type(scale, "2.5");
-    // The list goes to another placement: it commits first, into the old one.
-    editor.commitOpenEditor();
-    fill(7, building);
-    EXPECT_EQ(written(), Written{"2/4=2.5"});
-    type(lon, "6");
-    editor.setNewData();
-    EXPECT_EQ(written(), Written{"7/2=6"});
-}
-
 TEST_F(PropertyEditorTest, aDocumentThatChangesUnderTheEditorDropsTheEdit) {
     using Kind = DocumentChange::Kind;
     struct Case {

@@ -18,19 +18,12 @@ TEST(PropertyRules, editorsAndTheirLimits) {
     };
     const std::vector<Case> cases{
         {"imageComplexity", EditorKind::list, "VERY_SPARSE", 6, {}},
-        {"smoothing", EditorKind::list, "TRUE", 2, {}},
-        {"altitudeIsAgl", EditorKind::list, "TRUE", 2, {}},
         {"roofType", EditorKind::list, "FLAT", 4, {}},
-        {"topTexture", EditorKind::spin, "", 0, {0, 85}},
-        {"bottomTexture", EditorKind::spin, "", 0, {0, 85}},
         {"roofTexture", EditorKind::spin, "", 0, {0, 37}},
         {"windowTexture", EditorKind::spin, "", 0, {0, 84}},
-        {"gableTexture", EditorKind::spin, "", 0, {0, 84}},
-        {"faceTexture", EditorKind::spin, "", 0, {0, 84}},
         {"buildingSides", EditorKind::spin, "", 0, {3, 999}},
         {"lat", EditorKind::text, "", 0, {}},
         {"RoofType", EditorKind::text, "", 0, {}}, // names are case-sensitive
-        {"textureIndexRoofX", EditorKind::text, "", 0, {}},
         {"", EditorKind::text, "", 0, {}},
     };
     for (const Case& c : cases) {
@@ -62,20 +55,6 @@ TEST(PropertyRules, charactersByRow) {
         EXPECT_EQ(acceptedOf(name), "0123456789") << name;
     EXPECT_TRUE(acceptsCharacter("comment", U'\u20AC'));
     EXPECT_FALSE(acceptsCharacter("lat", U'\u0661')) << "digits of other scripts are no digits here";
-}
-
-TEST(PropertyRules, textsThatAreEasilyMended) {
-    EXPECT_EQ(propertyDescription("lat"), "Latitude of object ");
-    EXPECT_EQ(propertyDescription("sizeZ"), "Size of base along longitundinal axis");
-    EXPECT_EQ(propertyDescription("sizeWindowY"),
-              "Height of the \xE2\x80\x98Window\xE2\x80\x99 layer in meters");
-    EXPECT_EQ(propertyDescription("effectParam"), std::nullopt);
-    EXPECT_EQ(propertyDescription("name"), std::nullopt);
-}
-
-TEST(PropertyRules, captionsOfTheCoordinateCommands) {
-    EXPECT_EQ(captionsOf(Coordinate::longitude).read, "Read longitude from FS");
-    EXPECT_EQ(captionsOf(Coordinate::heading).write, "Write heading to FS");
 }
 
 } // namespace

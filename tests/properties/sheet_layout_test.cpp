@@ -73,23 +73,5 @@ TEST(TabWalk, keepsTwoRowsOfContext) {
         EXPECT_EQ(topRowAfterWalk(c.view, c.row, c.direction), c.expected) << c.name;
 }
 
-TEST(TabWalk, everyRowOfAWholeWalkIsVisible) {
-    for (const int visible : {1, 2, 3, 5, 12, 40}) {
-        GridView view{30, 0, visible};
-        for (int row = 0; row < 29;) {
-            row = rowAfterWalk(row, view.rowCount, WalkDirection::down);
-            view.topRow = topRowAfterWalk(view, row, WalkDirection::down);
-            ASSERT_TRUE(row >= view.topRow && row < view.topRow + visible) << row << " of " << visible;
-        }
-        EXPECT_EQ(rowAfterWalk(29, view.rowCount, WalkDirection::down), 29);
-        for (int row = 29; row > 0;) {
-            row = rowAfterWalk(row, view.rowCount, WalkDirection::up);
-            view.topRow = topRowAfterWalk(view, row, WalkDirection::up);
-            ASSERT_TRUE(row >= view.topRow && row < view.topRow + visible) << row << " of " << visible;
-        }
-        EXPECT_EQ(rowAfterWalk(0, view.rowCount, WalkDirection::up), 0);
-    }
-}
-
 } // namespace
 } // namespace quillset
