@@ -124,19 +124,6 @@ TEST(BatchCheck, TheSimulatorIsTheOneNamedElseTheOneOfTheSystem) {
     EXPECT_FALSE(batch.folder.has("program/config.xml")) << "settings are only read";
 }
 
-TEST(BatchCheck, ModelsAreLookedForWhereCompilersWould) {
-    BatchFixture batch;
-    batch.folder.write("Beside.mdl", "x");
-    batch.folder.write("program/models/own.mdl", "x");
-    for (const std::string& file :
-         {std::string("Beside.mdl"), std::string("models/own.mdl"), batch.folder.file("Beside.mdl")})
-        EXPECT_EQ(
-            batch.check("<FSData><ModelData name=\"" + tower + "\" sourceFile=\"" + file + "\"/></FSData>"),
-            0)
-            << file;
-    EXPECT_EQ(batch.check("<FSData><ModelData name=\"" + tower + "\" sourceFile=\"gone.mdl\"/></FSData>"), 1);
-}
-
 TEST(BatchCheck, WhatCannotBeReadIsTold) {
     const struct {
         const char* name;

@@ -28,11 +28,9 @@ private slots:
 
     void newAddAndSaveByKeys();
     void listKeysActInTheListOnly();
-    void newKeepsTheOldRowsInViewButOutOfReach();
     void everyTrapIsWhereItBelongs_data();
     void everyTrapIsWhereItBelongs();
     void layoutComesBack();
-    void damagedLayoutLeavesTheWindowsInTheirPlaces();
     void dockablePanelToggles();
     void recentFilesKeepTheirAmpersands();
     void closingTheMainWindowAsksNothing();
@@ -86,26 +84,6 @@ void EditorTest::listKeysActInTheListOnly() {
     QTest::keyClick(tree, Qt::Key_Up, Qt::AltModifier);
     QCOMPARE(run.editor->session().document().placementCount(), std::size_t(2));
     QVERIFY(run.dialogs.messages.empty());
-}
-
-void EditorTest::newKeepsTheOldRowsInViewButOutOfReach() {
-    EditorRun run(*folder_, document(*folder_, "a.xml", 2));
-    run.dialogs.answers = {Answer::no};
-    run.dialogs.paths = {folder_->file("b.xml")};
-    run.action("mNew")->trigger();
-    QCOMPARE(run.list()->model()->rowCount(), 2);
-    for (const char* const name : {"mRemoveObject", "mMoveUp", "mMoveDown", "mUpdateObject", "mAddNewBefore"})
-        QVERIFY2(!run.action(name)->isEnabled(), name);
-    run.list()->setFocus();
-    QTest::keyClick(run.list(), Qt::Key_R);
-    run.editor->session().catalogue().setObjTreeItem("AA02");
-    run.action("mAddNewEnd")->trigger();
-    QCOMPARE(run.list()->model()->rowCount(), 3);
-    QCOMPARE(run.editor->session().list().selectedRow(), 3);
-    QCOMPARE(run.editor->session().document().placementCount(), std::size_t(1));
-    QTest::keyClick(run.list(), Qt::Key_R);
-    QCOMPARE(run.editor->session().document().placementCount(), std::size_t(0));
-    QVERIFY(run.dialogs.messages.size() == 1);
 }
 
 void EditorTest::everyTrapIsWhereItBelongs_data() {
@@ -215,15 +193,6 @@ void EditorTest::layoutComesBack() {
     QCOMPARE(docks.layout(QStringLiteral("frmPreview")).docked, false);
     again.action("mObjectProperties")->trigger();
     QVERIFY(docks.layout(QStringLiteral("frmObjProp")).visible);
-}
-
-void EditorTest::damagedLayoutLeavesTheWindowsInTheirPlaces() {
-    folder_->write("program/config.xml",
-                   "<Configuration><FsPath>x</FsPath><MDLPath/><XMLPath/></Configuration>");
-    EditorRun run(*folder_);
-    QVERIFY(run.started);
-    for (const char* const name : {"frmObjTree", "frmPreview", "frmObjProp"})
-        QVERIFY2(run.editor->window().docks().layout(QLatin1String(name)).align != 0, name);
 }
 
 void EditorTest::dockablePanelToggles() {

@@ -69,30 +69,20 @@ TEST_F(GeodataCommandsTest, ExportProposesTheSceneryName) {
                 folder.has("out.cpg"));
 }
 
-TEST_F(GeodataCommandsTest, ExportAsksBeforeItOverwrites) {
-    folder.write("out.shp", "old");
-    for (const Answer answer : {Answer::no, Answer::yes}) {
-        dialogs.messages.clear();
-        dialogs.answers = {answer};
-        dialogs.paths = {folder.file("out")};
-        commands.exportShapefile();
-        EXPECT_EQ(dialogs.messages,
-                  (std::vector<Message>{{"File already exists. Are you sure you want to overwrite it?",
-                                         "Quillset XML", MessageButtons::yesNo, MessageIcon::question}}));
-        EXPECT_EQ(folder.read("out.shp") == "old", answer == Answer::no);
+TEST_F(GeodataCommandsTest, ExportAsksBeforeItReplacesOneOfTheFiles) {
+    const Message question{"File already exists. Are you sure you want to overwrite it?", "Quillset XML",
+                           MessageButtons::yesNo, MessageIcon::question};
+    for (const char* const old : {"a.shp", "b.DBF"}) {
+        folder.write(old, "old");
+        for (const Answer answer : {Answer::no, Answer::yes}) {
+            dialogs.messages.clear();
+            dialogs.answers = {answer};
+            dialogs.paths = {folder.file(std::string(old).substr(0, 1))};
+            commands.exportShapefile();
+            EXPECT_EQ(dialogs.messages, std::vector<Message>{question}) << old;
+            EXPECT_EQ(folder.read(old) == "old", answer == Answer::no) << old;
+        }
     }
-}
-
-TEST_F(GeodataCommandsTest, AnExportReplacesTheTableThatLiesThere) {
-    folder.write("out.DBF", "old");
-    for (const Answer answer : {Answer::no, Answer::yes}) {
-        dialogs.answers = {answer};
-        dialogs.paths = {folder.file("out")};
-        commands.exportShapefile();
-        EXPECT_EQ(folder.read("out.DBF") == "old", answer == Answer::no);
-        EXPECT_EQ(folder.has("out.shp"), answer == Answer::yes);
-    }
-    EXPECT_EQ(dialogs.messages.size(), 2U);
 }
 
 TEST_F(GeodataCommandsTest, AFailedExportIsReportedAndEndsNothing) {

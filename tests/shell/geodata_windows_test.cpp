@@ -19,8 +19,7 @@ class GeodataWindowsTest : public QObject {
 private slots:
     void init() {
         folder_.emplace();
-        folder_->write("program/generic.xml", "<Objects/>");
-        folder_->write("fs/effects/smoke.fx", "[x]");
+        test::writeProgramFiles(*folder_);
     }
 
     void theConvertedPositionGoesToTheSelectedPlacement() {
@@ -37,13 +36,6 @@ private slots:
         QCOMPARE(document.placement(0).attribute("lat").value(), "1");
         QCOMPARE(run.editor->session().list().row(2).latitude, std::string("52.3698269751196"));
         QCOMPARE(run.editor->session().journal().count(), std::size_t(2));
-    }
-
-    void withoutAPlacementNothingIsWritten() {
-        EditorRun run(*folder_, folder_->write("a.xml", "<FSData/>"));
-        convert(run, "121000", "487000");
-        QCOMPARE(run.editor->session().journal().count(), std::size_t(0));
-        QVERIFY(run.dialogs.messages.empty());
     }
 
     void theWindowFloatsAndIsHiddenAtEveryStart() {

@@ -115,20 +115,6 @@ TEST_F(RegistrationCommandsTest, OnlyTheNodesThatBelongToAModelAreRemoved) {
     EXPECT_EQ(session.activity().text(), status("Local MDL object a.mdl removed"));
 }
 
-TEST_F(RegistrationCommandsTest, LibrariesAreRememberedAndNameTheRows) {
-    const std::string library = folder.write(
-        "user.xml", "<FSData><ModelData name=\"UU01\" sourceFile=\"c:\\x\\mill.mdl\"/></FSData>");
-    documents.openFile(folder.write(
-        "u.xml", "<FSData><!--1--><SceneryObject><LibraryObject name=\"UU01\"/></SceneryObject></FSData>"));
-    EXPECT_EQ(session.list().row(1).name, "!unknown!");
-    dialogs.paths = {library};
-    registration.addUserLibrary();
-    EXPECT_EQ(session.list().row(1).name, "mill.mdl");
-    EXPECT_EQ(session.configuration().libraries(LibraryKind::user), std::vector<std::string>{library});
-    EXPECT_EQ(session.activity().text(), status(library + " added as user library"));
-    EXPECT_EQ(session.journal().count(), 0U);
-}
-
 TEST_F(RegistrationCommandsTest, WithoutADocumentNothingIsDeclared) {
     documents.close();
     dialogs.messages.clear();
