@@ -4,7 +4,6 @@
 #include "document/local_models.h"
 
 #include <QAbstractItemModelTester>
-#include <QAccessible>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QSignalSpy>
@@ -21,8 +20,6 @@ private slots:
     void onlyALowerCaseRRemoves();
     void theContextMenuIsForRows();
     void theGridFollowsEveryEdit();
-    void screenReadersMayLookAtAnyTime();
-    void anEmptyListSaysWhatToDo();
     void closingIsLeftToTheShell();
     void aHugeListIsNotReadThrough();
 };
@@ -165,50 +162,6 @@ void FrmXMLListTest::theGridFollowsEveryEdit() {
                      window.list.row(row).comment);
     }
     QCOMPARE(window.grid->model()->rowCount(), 0);
-}
-
-// Needs a session bus and the accessibility bus, and QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1.
-void FrmXMLListTest::screenReadersMayLookAtAnyTime() {
-    if (!qEnvironmentVariableIsSet("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"))
-        QSKIP("no accessibility bus");
-    QVERIFY(QTest::qWaitFor([] { return QAccessible::isActive(); }));
-    Window window(30);
-    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(window.grid);
-    QVERIFY(table && table->tableInterface());
-    const auto readAll = [&] {
-        int read = 0;
-        for (int i = 0; i < table->childCount(); ++i) {
-            const QAccessibleInterface* child = table->child(i);
-            read += child && child->isValid() && !child->text(QAccessible::Name).isEmpty() ? 1 : 0;
-        }
-        return read;
-    };
-    QCOMPARE(readAll(), 4 + 30 * 3); // no placement here has a longitude
-    window.press(5);
-    for (int i = 0; i < 10; ++i)
-        QTest::keyClick(window.grid, 'r');
-    QCOMPARE(readAll(), 4 + 20 * 3);
-    window.list.addNewObject("B", 1, 2, true);
-    QCOMPARE(readAll(), 4 + 20 * 3 + 4);
-    window.journal.undo();
-    QCOMPARE(readAll(), 4 + 20 * 3);
-    window.document.close();
-    QCOMPARE(readAll(), 4);
-}
-
-void FrmXMLListTest::anEmptyListSaysWhatToDo() {
-    Window window(1);
-    QTest::keyClick(window.grid, 'r');
-    const QImage image = window.grid->viewport()->grab().toImage();
-    bool plain = true;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            plain = plain && image.pixel(x, y) == image.pixel(0, 0);
-    }
-    QVERIFY(!plain);
-    QTest::keyClick(window.grid, Qt::Key_End); // keys and menus find nothing, and nothing breaks
-    window.askMenu(window.grid->viewport(), QPoint(0, 0), QContextMenuEvent::Keyboard);
-    QCOMPARE(window.list.selectedRow(), 0);
 }
 
 void FrmXMLListTest::closingIsLeftToTheShell() {

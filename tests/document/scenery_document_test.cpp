@@ -59,15 +59,6 @@ TEST_F(SceneryDocumentTest, UndoKeepsWhatTheFilesEncodingCannotHold) {
         folder.read("scenery.xml").starts_with("<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\r\n"));
 }
 
-TEST_F(SceneryDocumentTest, ANewDocumentSavedAtOnceIsItsRoot) {
-    document.create(folder.file("new.xml"));
-    EXPECT_FALSE(folder.has("new.xml"));
-    document.save(*files, document.path());
-    EXPECT_EQ(folder.read("new.xml"),
-              "<FSData version=\"9.0\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
-              "xsi:noNamespaceSchemaLocation=\"bglcomp.xsd\"/>\r\n");
-}
-
 TEST_F(SceneryDocumentTest, AnUnreadableFileOpensEmptyAndCannotBeOverwritten) {
     const std::string truncated = folder.write("cut.xml", "<FSData><!--a--><SceneryObject/>");
     const std::string tworooted = folder.write("two.xml", "<FSData><SceneryObject/></FSData><FSData/>");
