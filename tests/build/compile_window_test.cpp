@@ -23,7 +23,6 @@ private slots:
     void aHangingCompilerCanBeEnded();
     void closingDiscardsTheText();
     void keepsSelectionAndPlace();
-    void followsTheOutputAtTheEnd();
     void activatesLines();
     void findsAndCopiesByKeyboard();
 };
@@ -146,18 +145,6 @@ void CompileWindowTest::keepsSelectionAndPlace() {
     const int end = logOf(window)->textCursor().selectionEnd();
     window.append(std::string(70'000, '\n'));
     QCOMPARE(logOf(window)->textCursor().selectionEnd(), end);
-}
-
-void CompileWindowTest::followsTheOutputAtTheEnd() {
-    frmCompile window;
-    fill(window, 500);
-    window.show();
-    QScrollBar* const bar = logOf(window)->verticalScrollBar();
-    bar->setValue(bar->maximum());
-    const int before = bar->maximum();
-    window.append(std::string(70'000, '\n'));
-    QVERIFY(bar->maximum() > before);
-    QCOMPARE(bar->value(), bar->maximum());
 }
 
 void CompileWindowTest::activatesLines() {
