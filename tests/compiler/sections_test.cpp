@@ -42,17 +42,6 @@ TEST(Sections, RecordsLieCellByCell) {
     EXPECT_EQ(orderOf(compiled(xml, forFsx())), "FCDA|B|E"); // as the later compiler's sort leaves them
 }
 
-TEST(Sections, TheLaterOrderOfNineAndMoreRecords) {
-    std::string nine;
-    for (char name = 'A'; name <= 'I'; ++name)
-        nine += effectAt("1", "1", {name});
-    EXPECT_EQ(orderOf(compiled(document(nine), forFsx())), "ABCDEFGHI");
-    std::string twelve;
-    for (char name = 'a'; name <= 'l'; ++name)
-        twelve += effectAt(name % 2 == 1 ? "-50" : "50", "1", {name}); // a, c, e... have the larger cell
-    EXPECT_EQ(orderOf(compiled(document(twelve), forFsx())), "lbhdfj|cigeka");
-}
-
 TEST(Sections, EveryCornerOfTheWorld) {
     std::string content;
     int count = 0;
