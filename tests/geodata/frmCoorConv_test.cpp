@@ -47,15 +47,6 @@ private slots:
         QCOMPARE(QString::fromStdString(written_["lon"]), QStringLiteral("5.38720358836977"));
     }
 
-    void everyControlIsReachedByTheTabulator() {
-        window_->setFocus();
-        for (const char* const name :
-             {"txt_rd_x", "txt_rd_y", "txt_lat", "txt_lon", "cmd_write_properties"}) {
-            QCOMPARE(window_->focusWidget()->objectName(), QLatin1String(name));
-            QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
-        }
-    }
-
 private:
     QLineEdit* field(const char* name) { return window_->findChild<QLineEdit*>(QLatin1String(name)); }
 
