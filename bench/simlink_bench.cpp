@@ -15,8 +15,9 @@ using namespace quillset;
 class InstantSimulator : public test::InProcessSimulator {
 public:
     SendOutcome send(SimulatorWindow to, std::uint32_t message, std::uint16_t atom,
-                     std::chrono::milliseconds timeOut) override {
-        return instant ? SendOutcome{true, 1, 0} : InProcessSimulator::send(to, message, atom, timeOut);
+                     std::chrono::milliseconds timeOut, const Silence& silence) override {
+        return instant ? SendOutcome{true, 1, 0}
+                       : InProcessSimulator::send(to, message, atom, timeOut, silence);
     }
     bool instant = false;
 };

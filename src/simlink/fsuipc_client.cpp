@@ -16,6 +16,7 @@ namespace {
 using namespace fsuipc;
 
 constexpr auto sendTimeOut = 2000ms;
+constexpr auto silentTime = 500ms;
 constexpr auto pause = 100ms;
 constexpr int furtherSends = 10;
 constexpr int identifications = 5;
@@ -195,11 +196,12 @@ bool FsuipcClient::processRequests(FsuipcError& error) {
 }
 
 bool FsuipcClient::send(FsuipcError& error) {
-    SendOutcome outcome = services_.send(window_, message_, atom_, sendTimeOut);
+    const Silence silence{silentTime, [this] { exchange.notify(ExchangePhase::unanswered); }};
+    SendOutcome outcome = services_.send(window_, message_, atom_, sendTimeOut, silence);
     for (int again = 0; !outcome.sent && again < furtherSends; ++again) {
         exchange.notify(ExchangePhase::unanswered);
         services_.sleep(pause);
-        outcome = services_.send(window_, message_, atom_, sendTimeOut);
+        outcome = services_.send(window_, message_, atom_, sendTimeOut, silence);
     }
     if (!outcome.sent)
         return fail(error, outcome.systemError != 0 ? FsuipcError::sendFailed : FsuipcError::timedOut);

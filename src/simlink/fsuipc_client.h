@@ -37,7 +37,7 @@ enum class FsuipcError : int {
 /// Life of one exchange. The observer must not throw, nor call the client back (it would be refused).
 enum class ExchangePhase {
     begins,
-    unanswered, ///< one attempt failed, another follows
+    unanswered, ///< half a second of an attempt was silent, or one failed and another follows; any number
     ends,
 };
 

@@ -102,13 +102,14 @@ void LinkMonitor::show(LinkStatus status) {
 
 void LinkMonitor::followExchange(ExchangePhase phase) {
     switch (phase) {
-    case ExchangePhase::begins:
-        // A simulator that has just been silent will let us wait again: say so before the first attempt.
-        if (std::exchange(unanswered_, false))
-            setWaiting(Waiting::unanswered);
-        else if (!checking_)
-            setWaiting(Waiting::briefly);
+    case ExchangePhase::begins: {
+        // A simulator that has just been silent will let the user wait again. A check keeps quiet all the
+        // same: once the simulator is back, the sign would flash.
+        const bool again = std::exchange(unanswered_, false);
+        if (!checking_)
+            setWaiting(again ? Waiting::unanswered : Waiting::briefly);
         break;
+    }
     case ExchangePhase::unanswered:
         unanswered_ = true;
         setWaiting(Waiting::unanswered);

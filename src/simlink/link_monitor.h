@@ -26,7 +26,7 @@ struct LinkStatus {
 enum class Waiting {
     no,
     briefly,    ///< an exchange that the user asked for is running: busy cursor
-    unanswered, ///< an attempt went unanswered and others follow, for seconds: busy cursor and waitingText
+    unanswered, ///< the simulator is silent, perhaps for seconds to come: busy cursor and waitingText
 };
 inline constexpr const char* waitingText = "Waiting for the simulator to answer...";
 
@@ -67,7 +67,7 @@ private:
     LinkStatus status_;
     Waiting waiting_ = Waiting::no;
     bool checking_ = false;
-    bool unanswered_ = false; ///< the current exchange, or the last one, had to be repeated
+    bool unanswered_ = false; ///< the simulator was silent in the current exchange, or the last one
     Connection exchange_;
 };
 

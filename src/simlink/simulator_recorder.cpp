@@ -61,11 +61,11 @@ public:
     }
 
     SendOutcome send(SimulatorWindow window, std::uint32_t message, std::uint16_t atom,
-                     std::chrono::milliseconds timeOut) override {
+                     std::chrono::milliseconds timeOut, const Silence& silence) override {
         const std::span<const std::byte> used = fsuipc::usedPart(block_);
         const std::string question = "send " + fsuipc::hexText(used) + " = ";
         line("# " + clock_.timeText());
-        const SendOutcome outcome = services_->send(window, message, atom, timeOut);
+        const SendOutcome outcome = services_->send(window, message, atom, timeOut, silence);
         if (!outcome.sent) {
             line(question + "failed " + std::to_string(outcome.systemError));
             return outcome;

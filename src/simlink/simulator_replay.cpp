@@ -132,7 +132,8 @@ public:
         return static_cast<std::uint32_t>(value("message " + name));
     }
 
-    SendOutcome send(SimulatorWindow, std::uint32_t, std::uint16_t, std::chrono::milliseconds) override {
+    SendOutcome send(SimulatorWindow, std::uint32_t, std::uint16_t, std::chrono::milliseconds,
+                     const Silence&) override {
         const Answer* const answer = script_.next("send " + fsuipc::hexText(fsuipc::usedPart(block_)));
         if (answer == nullptr)
             return {true, 0, 0};

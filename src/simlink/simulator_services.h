@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -26,6 +27,13 @@ struct SendOutcome {
     std::uint32_t systemError = 0;
 };
 
+/// Told once by a send that has had no answer for that long: on the caller's thread, while the send goes on.
+/// Must not throw, nor send.
+struct Silence {
+    std::chrono::milliseconds after;
+    std::function<void()> tell;
+};
+
 /// What the link needs of the operating system. Names are ASCII. Nothing throws; a service that fails gives
 /// none, 0 or nullptr.
 class SimulatorServices {
@@ -40,7 +48,7 @@ public:
     [[nodiscard]] virtual std::uint32_t registerMessage(const std::string& name) = 0;
     /// Blocks until the window has answered or the time is over; `atom` is the first parameter, 0 the second.
     [[nodiscard]] virtual SendOutcome send(SimulatorWindow window, std::uint32_t message, std::uint16_t atom,
-                                           std::chrono::milliseconds timeOut) = 0;
+                                           std::chrono::milliseconds timeOut, const Silence& silence) = 0;
     /// A global atom; each success needs its own deleteAtom.
     [[nodiscard]] virtual std::uint16_t addAtom(const std::string& name) = 0;
     virtual void deleteAtom(std::uint16_t atom) = 0;

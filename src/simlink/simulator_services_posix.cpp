@@ -10,7 +10,8 @@ public:
     bool supported() const override { return false; }
     SimulatorWindow findWindow(const std::string&) override { return SimulatorWindow::none; }
     std::uint32_t registerMessage(const std::string&) override { return 0; }
-    SendOutcome send(SimulatorWindow, std::uint32_t, std::uint16_t, std::chrono::milliseconds) override {
+    SendOutcome send(SimulatorWindow, std::uint32_t, std::uint16_t, std::chrono::milliseconds,
+                     const Silence&) override {
         return {};
     }
     std::uint16_t addAtom(const std::string&) override { return 0; }

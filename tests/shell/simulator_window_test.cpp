@@ -91,9 +91,12 @@ void SimulatorWindowTest::theWindowSaysWhatItWaitsForAndRecovers() {
     auto owned = std::make_unique<InProcessSimulator>();
     InProcessSimulator& simulator = *owned;
     simulator.unanswered = {0, 0};
-    simulator.onSend = [&] {
-        seen.push_back({watch.activityLine, watch.mainWindow, QApplication::overrideCursor() != nullptr});
+    const auto look = [&] {
+        return Seen{watch.activityLine, watch.mainWindow, QApplication::overrideCursor() != nullptr};
     };
+    std::vector<Seen> silences; // what is on the screen half a second into a silent attempt
+    simulator.onSend = [&] { seen.push_back(look()); };
+    simulator.onSilence = [&] { silences.push_back(look()); };
     EditorRun run(*folder_, document(*folder_, "a.xml", 1), std::move(owned));
     const QString waits = QString::fromLatin1(waitingText);
     QTRY_COMPARE(linkState(run), QStringLiteral("FSUIPC OK"));
@@ -101,6 +104,8 @@ void SimulatorWindowTest::theWindowSaysWhatItWaitsForAndRecovers() {
     QVERIFY2(seen[0].mainWindow && !seen[0].busyCursor, "the first picture comes before the first try");
     QVERIFY(seen[0].activityLine.endsWith(QLatin1String("a.xml loaded")));
     QVERIFY(seen[1] == (Seen{waits, true, true}) && seen[2] == seen[1]);
+    QVERIFY2(silences == (std::vector{seen[1], seen[1]}),
+             "the sign comes in the middle of the first attempt");
     QVERIFY(QApplication::overrideCursor() == nullptr);
     QCOMPARE(panelText(run, "panel1"), seen[0].activityLine);
 

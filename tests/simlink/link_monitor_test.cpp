@@ -102,10 +102,17 @@ TEST_F(Monitor, SaysThatItWaitsOnceASimulatorIsSilent) {
     monitor.tick();
     EXPECT_EQ(waits, (std::vector{Waiting::unanswered, Waiting::no})) << "one sign for the whole tick";
     monitor.tick(); // opens again
+    simulator.late = 499ms;
     waits.clear();
     monitor.tick();
-    EXPECT_TRUE(waits.empty());
+    EXPECT_TRUE(waits.empty()) << "a simulator that is back shows no busy cursor";
     EXPECT_EQ(shown.back(), connected);
+    simulator.late = 500ms;
+    simulator.sends = 0;
+    simulator.onSilence = [this] { EXPECT_EQ(waits, std::vector{Waiting::unanswered}); };
+    monitor.tick();
+    EXPECT_EQ(waits, (std::vector{Waiting::unanswered, Waiting::no})) << "the sign precedes the answer";
+    EXPECT_EQ(simulator.sends, 1);
 }
 
 TEST_F(Monitor, AUsersExchangeShowsABusyCursorAtOnce) {

@@ -5,6 +5,7 @@
 #include "simlink/position_exchange.h"
 
 #include <gtest/gtest.h>
+#include <thread>
 #include <windows.h>
 
 using namespace quillset;
@@ -103,27 +104,41 @@ TEST_F(WindowsLink, TheLargestRequestsFitTheBlock) {
 
 TEST_F(WindowsLink, ALateAnswerIsATimeOutAndTheNextAttemptSucceeds) {
     const FakeSimulatorProcess simulator({"--late", "2300"});
-    int repeats = 0;
+    int signs = 0;
     const Connection watching = client.exchange.connect(
-        [&](ExchangePhase phase) { repeats += phase == ExchangePhase::unanswered ? 1 : 0; });
+        [&](ExchangePhase phase) { signs += phase == ExchangePhase::unanswered ? 1 : 0; });
     EXPECT_TRUE(open()) << static_cast<int>(error);
-    EXPECT_EQ(repeats, 1);
+    EXPECT_EQ(signs, 2) << "in the middle of the first attempt, and at its end";
 }
 
 TEST_F(WindowsLink, ATimeOutIsNoErrorOfTheSystemButAMissingWindowIs) {
     SimulatorWindow window{};
     const std::uint32_t message = services->registerMessage("FSASMLIB:IPC");
+    const Silence patient{10s, [] { ADD_FAILURE() << "told of a silence that did not last"; }};
     {
         const FakeSimulatorProcess simulator({"--late", "700"});
         window = services->findWindow("UIPCMAIN");
         ASSERT_NE(window, SimulatorWindow::none);
-        const SendOutcome late = services->send(window, message, 1, 20ms);
+        const SendOutcome late = services->send(window, message, 1, 20ms, patient);
         EXPECT_FALSE(late.sent);
         EXPECT_EQ(late.systemError, 0u);
     }
-    const SendOutcome gone = services->send(window, message, 1, 20ms);
+    const SendOutcome gone = services->send(window, message, 1, 20ms, patient);
     EXPECT_FALSE(gone.sent);
     EXPECT_NE(gone.systemError, 0u);
+}
+
+TEST_F(WindowsLink, ASilenceIsToldOnceInTheMiddleOfTheSend) {
+    const FakeSimulatorProcess simulator({"--late", "700"});
+    const SimulatorWindow window = services->findWindow("UIPCMAIN");
+    const std::uint32_t message = services->registerMessage("FSASMLIB:IPC");
+    std::vector<std::thread::id> told;
+    Silence silence{100ms, [&] { told.push_back(std::this_thread::get_id()); }};
+    EXPECT_TRUE(services->send(window, message, 1, 10s, silence).sent);
+    EXPECT_EQ(told, std::vector{std::this_thread::get_id()});
+    silence.after = 9s;
+    EXPECT_TRUE(services->send(window, message, 1, 10s, silence).sent);
+    EXPECT_EQ(told.size(), 1u);
 }
 
 TEST_F(WindowsLink, ASimulatorThatDiesInMidExchange) {

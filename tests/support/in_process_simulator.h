@@ -26,10 +26,14 @@ public:
     /// Outcomes of the next sends, instead of an answer: 0 is silence, anything else an error of the system.
     std::deque<std::uint32_t> unanswered;
     std::uintptr_t answer = 1;
+    /// How long an answer takes.
+    std::chrono::milliseconds late{0};
     /// Runs after each served exchange, with the block as the client will find it.
     std::function<void(std::span<std::byte>)> scribble;
     /// Runs at each attempt to send.
     std::function<void()> onSend;
+    /// Runs at each attempt that was silent long enough for the client to be told.
+    std::function<void()> onSilence;
 
     /// What was asked for, in order.
     std::vector<std::string> calls;
@@ -63,7 +67,7 @@ public:
     }
 
     SendOutcome send(SimulatorWindow to, std::uint32_t message, std::uint16_t atom,
-                     std::chrono::milliseconds timeOut) override {
+                     std::chrono::milliseconds timeOut, const Silence& silence) override {
         calls.push_back("send");
         ++sends;
         if (onSend)
@@ -71,11 +75,13 @@ public:
         if (!unanswered.empty()) {
             const std::uint32_t error = unanswered.front();
             unanswered.pop_front();
-            passed += error == 0 ? timeOut : std::chrono::milliseconds(0);
+            if (error == 0)
+                wait(timeOut, silence);
             return {false, 0, error};
         }
         if (to != window || windowClasses.empty() || message != messageNumber)
             return {false, 0, invalidWindow};
+        wait(late, silence);
         return {true, serve(atom), 0};
     }
 
@@ -131,6 +137,15 @@ private:
     static constexpr std::uint32_t messageNumber = 0xC0DE;
     static constexpr std::uint16_t firstAtom = 0xC123;
     static constexpr std::uint32_t invalidWindow = 1400;
+
+    void wait(std::chrono::milliseconds time, const Silence& silence) {
+        passed += time;
+        if (time < silence.after)
+            return;
+        silence.tell();
+        if (onSilence)
+            onSilence();
+    }
 
     // The way of the real one: the atom names the block.
     std::uintptr_t serve(std::uint16_t atom) {
