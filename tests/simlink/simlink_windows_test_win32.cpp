@@ -171,7 +171,7 @@ TEST_F(WindowsLink, FollowsASimulatorThatStopsAndStarts) {
     monitor.start();
     EXPECT_EQ(monitor.status().text, "FSUIPC failed");
     DWORD handles = 0;
-    for (int round = 0; round < 3; ++round) {
+    for (int round = 0; round < 5; ++round) {
         {
             FakeSimulatorProcess simulator;
             monitor.tick();
@@ -186,7 +186,7 @@ TEST_F(WindowsLink, FollowsASimulatorThatStopsAndStarts) {
         if (round == 0)
             handles = handleCount();
     }
-    EXPECT_EQ(handleCount(), handles);
+    EXPECT_LT(handleCount(), handles + 4) << "a round leaves nothing; threads of the system come and go";
 }
 
 } // namespace
