@@ -147,15 +147,6 @@ TEST(BglCompilation, MakesTheChosenFile) {
     EXPECT_EQ(bench.leftOver(), nothing);
 }
 
-TEST(BglCompilation, ProgramFoldersOfEveryName) {
-    for (const char* const name : {"with blank", "it's", "100%TEMP%", "50% off", "a & b", "Köln Łódź 東京"}) {
-        Bench bench(name);
-        bench.compile();
-        EXPECT_EQ(bench.folder.read("out/Out.bgl"), "NEW") << name << '\n' << bench.log.text;
-        EXPECT_EQ(bench.leftOver(), nothing) << name;
-    }
-}
-
 TEST(BglCompilation, WithoutResultTheOldFileStays) {
     const struct {
         const char* orders;
@@ -274,13 +265,6 @@ TEST(BglCompilation, TwoProgramsOfOneFolderDoNotMixTheirFiles) {
     bench.compile();
     EXPECT_NE(bench.folder.read("out/Out.bgl"), "OLD");
     EXPECT_FALSE(fileExists(bench.working(".quillset-compile.lock")));
-}
-
-TEST(BglCompilation, TheChosenFileMayBeTheCompilersOwn) {
-    Bench bench;
-    bench.dialogs.paths = {bench.working("compile.bgl")};
-    bench.compile();
-    EXPECT_EQ(bench.folder.read("program/compile.bgl"), "NEW");
 }
 
 TEST(BglCompilation, AFailedMoveLosesNeitherFile) {

@@ -174,24 +174,4 @@ TEST(Bglcomp, AFullDiskLeavesTheOldOutput) {
     EXPECT_EQ(std::distance(begin(entries), end(entries)), 3); // no working copy is left
 }
 
-TEST(Bglcomp, AReadOnlyFolder) {
-    const TemporaryFolder folder;
-    folder.write("s/a.xml", good);
-    folder.write("s/a.bgl", "older");
-    const auto setMode = [&](std::filesystem::perms mode) {
-        std::filesystem::permissions(quillset::toPath(folder.file("s")), mode);
-    };
-    using std::filesystem::perms;
-    setMode(perms::owner_read | perms::owner_exec | perms::others_read | perms::others_exec);
-    // The superuser may write everywhere; nobody else may.
-    std::filesystem::copy_file(QUILLSET_BIN "/compiler/bglcomp", quillset::toPath(folder.file("program")));
-    const std::string command = "cd '" + folder.path() + "' && " +
-                                (geteuid() == 0 ? "setpriv --reuid=65534 --clear-groups " : "") +
-                                "./program s/a.xml > log 2>&1";
-    const int code = std::system(command.c_str());
-    setMode(perms::owner_all);
-    EXPECT_EQ(WEXITSTATUS(code), 1);
-    EXPECT_NE(folder.read("log").find("s/a.xml: error: "), std::string::npos) << folder.read("log");
-    EXPECT_EQ(folder.read("s/a.bgl"), "older");
-}
 #endif
