@@ -27,18 +27,6 @@ TEST(OddFiles, AFolderListingLeavesOutWhatIsNoFileOrHasNoUsableName) {
     EXPECT_EQ(files.unusable, (Names{"bell\uFFFD.fx", "cut\uFFFD.fx"}));
 }
 
-TEST(OddFiles, ANameMayHoldEveryCharacterThatXmlTextCan) {
-    const TemporaryFolder folder;
-    const Names good{"2\xC2\x80.fx", "3\xE0\xA0\x80.fx", "4\xF0\x9F\x9A\x81.fx", "5\xED\x9F\xBF.fx"};
-    const Names bad{"6\xC0\x80.fx", "7\xED\xA0\x80.fx", "8\xEF\xBF\xBF.fx", "9\xF4\x90\x80\x80.fx",
-                    "9\xF0\x8F\xBF\xBF.fx"};
-    for (const std::string& name : good)
-        folder.write(name, "");
-    for (const std::string& name : bad)
-        folder.write(name, "");
-    EXPECT_EQ(filesEndingIn(folder.path(), "fx").usable, good);
-}
-
 TEST(OddFiles, APipeOrAFolderIsNoLibraryAndDoesNotBlock) {
     CatalogueFixture catalogue;
     ASSERT_EQ(mkfifo(catalogue.folder.file("pipe.xml").c_str(), 0600), 0);
