@@ -1,24 +1,13 @@
 #include "properties/SpinBox.h"
 #include "properties/line_editor.h"
+#include "properties/map_bag.h"
 
 #include <QScrollBar>
 #include <QTest>
 
-#include <map>
-
 using namespace quillset;
 
 namespace {
-
-class MapBag : public PropertyBag {
-public:
-    std::string read(const std::string& name, const std::string& defaultText) override {
-        const auto entry = texts.find(name);
-        return entry == texts.end() ? defaultText : entry->second;
-    }
-    void write(const std::string& name, const std::string& text) override { texts[name] = text; }
-    std::map<std::string, std::string> texts;
-};
 
 struct SpinWindow {
     SpinWindow() {
@@ -50,7 +39,6 @@ private slots:
     void focusSelectsTheText();
     void arrowsStepAndStop();
     void keyEventsArePassedOnByReference();
-    void oneTextLineHigh();
     void settingsSurvive();
 };
 
@@ -108,27 +96,6 @@ void SpinBoxTest::keyEventsArePassedOnByReference() {
     QCOMPARE(shifts.back(), 1 + 4);
 }
 
-void SpinBoxTest::oneTextLineHigh() {
-    SpinWindow w;
-    const auto check = [&] {
-        const int line = w.box().sizeHint().height();
-        QCOMPARE(w.spin->height(), line);
-        QCOMPARE(w.box().height(), line);
-        QCOMPARE(w.bar().height(), line);
-        QCOMPARE(w.bar().geometry().right(), w.spin->width() - 1);
-        QCOMPARE(w.box().geometry().right() + 1, w.bar().geometry().left());
-    };
-    check();
-    const int before = w.spin->height();
-    QFont large = w.spin->font();
-    large.setPointSize(large.pointSize() * 3);
-    w.spin->setFont(large);
-    check();
-    QVERIFY(w.spin->height() > before);
-    w.spin->resize(200, 5);
-    check();
-}
-
 void SpinBoxTest::settingsSurvive() {
     SpinWindow w;
     w.spin->setMax(999);
@@ -138,7 +105,7 @@ void SpinBoxTest::settingsSurvive() {
     w.spin->setBackColor(0x000080FFU);
     w.spin->setEnabled(false);
     w.spin->setValue(5);
-    MapBag bag;
+    test::MapBag bag;
     w.spin->writeProperties(bag);
     QCOMPARE(bag.texts["Value"], "-5");
     SpinBox other;
@@ -146,7 +113,7 @@ void SpinBoxTest::settingsSurvive() {
     QCOMPARE(other.value(), 5);
     QCOMPARE(other.text(), QStringLiteral("5"));
     QCOMPARE(other.textBox()->palette().color(QPalette::Base), QColor(255, 128, 0));
-    MapBag again;
+    test::MapBag again;
     other.writeProperties(again);
     QVERIFY(again.texts == bag.texts);
 }

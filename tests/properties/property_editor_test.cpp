@@ -21,14 +21,9 @@ public:
             duringWrite();
         return refuses ? std::nullopt : std::optional(text);
     }
-    void switchRoofType() override {
-        written.push_back("roof");
-        if (refill)
-            refill();
-    }
+    void switchRoofType() override { written.push_back("roof"); }
     std::vector<std::string> written;
     std::function<void()> duringWrite;
-    std::function<void()> refill;
     bool refuses = false;
 };
 
@@ -150,17 +145,6 @@ TEST_F(PropertyEditorTest, endsOfAnEdit) {
     }
 }
 
-TEST_F(PropertyEditorTest, anUnchangedEditorWritesNothing) {
-    editor.beginEdit(lat);
-    EXPECT_TRUE(editor.processKeyPress(enter, false));
-    EXPECT_FALSE(editor.isEditing());
-    editor.beginEdit(roofType);
-    editor.setNewData();
-    EXPECT_EQ(written(), Written());
-    EXPECT_TRUE(editor.processKeyPress(enter, false)) << "Enter without an editor does nothing";
-    EXPECT_FALSE(editor.isEditing());
-}
-
 TEST_F(PropertyEditorTest, aDocumentThatChangesUnderTheEditorDropsTheEdit) {
     using Kind = DocumentChange::Kind;
     struct Case {
@@ -228,21 +212,6 @@ TEST_F(PropertyEditorTest, roofTypes) {
         editor.setNewData();
         EXPECT_EQ(written(), c.written) << c.name;
     }
-}
-
-TEST_F(PropertyEditorTest, tabGoesOnFromTheRoofTypeInTheRefilledSheet) {
-    target.refill = [this] {
-        Rows ridge = building;
-        ridge[roofType].value = "RIDGE";
-        ridge.insert(ridge.begin() + roofType, {"inserted", "x"});
-        fill(2, ridge);
-    };
-    editor.beginEdit(roofType);
-    editor.textEdited("RIDGE");
-    editor.processKeyPress(tab, false);
-    EXPECT_EQ(editor.rows()[static_cast<std::size_t>(editor.currentRow())].name, "sizeX");
-    EXPECT_TRUE(editor.isEditing());
-    EXPECT_EQ(written(), (Written{"2/6=RIDGE", "roof"}));
 }
 
 TEST_F(PropertyEditorTest, tabWalks) {
@@ -331,20 +300,6 @@ TEST_F(PropertyEditorTest, coordinatesAreWrittenToTheSimulator) {
     EXPECT_EQ(dialogs.messages[0].text,
               "Error 6 (Overflow) in procedure mCoorEntry_Click of Form frmObjProp");
     EXPECT_FALSE(ended);
-}
-
-TEST_F(PropertyEditorTest, lettersElsewhereAreTheControlsOwn) {
-    for (const int key : {'R', 'W', 'x', '1'}) {
-        editor.setCurrentRow(lat);
-        EXPECT_FALSE(editor.processKeyPress(key, false)) << key;
-    }
-    for (const int row : {comment, scale, roofType}) {
-        editor.setCurrentRow(row);
-        EXPECT_FALSE(editor.processKeyPress('r', false)) << row;
-        EXPECT_FALSE(editor.processKeyPress('w', false)) << row;
-    }
-    EXPECT_EQ(written(), Written());
-    EXPECT_TRUE(sent.empty());
 }
 
 TEST_F(PropertyEditorTest, namedPropertiesAreWrittenWhereverTheyStand) {

@@ -1,13 +1,8 @@
 #include "base/runtime_error.h"
+#include "properties/map_bag.h"
 #include "properties/spin_model.h"
-#include "properties/spin_settings.h"
 
 #include <gtest/gtest.h>
-
-#include <map>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace quillset {
 namespace {
@@ -92,29 +87,13 @@ TEST(SpinModel, numbersAreSixteenBit) {
     EXPECT_EQ(spin.max(), 32766);
 }
 
-/// Keeps settings and the order in which they are used.
-class MapBag : public PropertyBag {
-public:
-    std::string read(const std::string& name, const std::string& defaultText) override {
-        order.push_back(name);
-        const auto entry = texts.find(name);
-        return entry == texts.end() ? defaultText : entry->second;
-    }
-    void write(const std::string& name, const std::string& text) override {
-        order.push_back(name);
-        texts[name] = text;
-    }
-    std::map<std::string, std::string> texts;
-    std::vector<std::string> order;
-};
-
 const std::vector<std::string> storedOrder{"BackColor",   "ForeColor",   "Enabled", "Font",
                                            "BorderStyle", "LargeChange", "Max",     "Min",
                                            "SmallChange", "Text",        "Value"};
 
 TEST(SpinSettings, keepTheirOrderAndTheRawPosition) {
     SpinSettings settings{0x00FF8000U, 0x80000012U, false, "Sans,10", 0, 5, 999, 3, 2, "12", -12};
-    MapBag bag;
+    test::MapBag bag;
     writeSpinSettings(bag, settings);
     EXPECT_EQ(bag.order, storedOrder);
     EXPECT_EQ(bag.texts["Value"], "-12");
@@ -124,7 +103,7 @@ TEST(SpinSettings, keepTheirOrderAndTheRawPosition) {
 }
 
 TEST(SpinSettings, unusableTextsReadAsTheDefaults) {
-    MapBag bag;
+    test::MapBag bag;
     EXPECT_EQ(readSpinSettings(bag), SpinSettings());
     for (const std::string& name : storedOrder) {
         if (name != "Font" && name != "Text")
