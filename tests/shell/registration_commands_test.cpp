@@ -114,17 +114,3 @@ TEST_F(RegistrationCommandsTest, OnlyTheNodesThatBelongToAModelAreRemoved) {
     EXPECT_EQ(session.list().selectedRow(), 1);
     EXPECT_EQ(session.activity().text(), status("Local MDL object a.mdl removed"));
 }
-
-TEST_F(RegistrationCommandsTest, WithoutADocumentNothingIsDeclared) {
-    documents.close();
-    dialogs.messages.clear();
-    dialogs.paths = {folder.file("a.mdl"), folder.path()};
-    registration.addModel();
-    registration.addModelFolder();
-    ASSERT_EQ(dialogs.messages.size(), 2U);
-    EXPECT_EQ(dialogs.messages[0].text.find("Error 91 "), 0U);
-    EXPECT_NE(dialogs.messages[1].text.find("in procedure mAddMDLFolder_Click of Form MDIForm1"),
-              std::string::npos);
-    EXPECT_EQ(ended, 0);
-    EXPECT_EQ(session.configuration().mdlPath(), "");
-}
