@@ -6,6 +6,7 @@
 #include "scenery_generator.h"
 
 #include <benchmark/benchmark.h>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <pugixml.hpp>

@@ -18,6 +18,7 @@
 #include <QImage>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 

@@ -9,6 +9,7 @@
 #include "scenery_generator.h"
 
 #include <benchmark/benchmark.h>
+#include <cstdlib>
 #include <filesystem>
 #include <libxml/parser.h>
 #include <vector>

@@ -1,5 +1,6 @@
 #include "build/console_lines.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>

@@ -6,6 +6,7 @@
 #include "compiler/target.h"
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 using namespace quillset;
 using test::FailingFiles;
 

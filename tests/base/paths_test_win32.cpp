@@ -7,6 +7,8 @@
 
 #include <windows.h>
 
+#include <vector>
+
 using namespace quillset;
 
 TEST(LongPaths, FilesBeyondTheOldLimitAreFoundWrittenReadAndReplaced) {

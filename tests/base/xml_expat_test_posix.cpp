@@ -2,6 +2,7 @@
 #include "expat_peer.h"
 #include "xml_samples.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 

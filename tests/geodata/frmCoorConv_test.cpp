@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <map>
 #include <optional>
 
 using namespace quillset;

@@ -8,6 +8,8 @@
 #include <thread>
 #include <windows.h>
 
+#include <cstdio>
+
 using namespace quillset;
 using quillset::test::FakeSimulatorProcess;
 using namespace std::chrono_literals;

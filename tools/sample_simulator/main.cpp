@@ -4,6 +4,7 @@
 #include "sample_simulator/sample_files.h"
 
 #include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <optional>

@@ -16,6 +16,8 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <exception>
+
 namespace quillset::tour {
 
 namespace {
