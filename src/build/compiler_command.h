@@ -2,6 +2,7 @@
 
 #include "build/console_process.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,10 @@ inline constexpr const char* compileBglName = "compile.bgl";
 /// none at all the request names the missing program.
 [[nodiscard]] ProcessRequest compilerCommand(const std::string& programFolder,
                                              const std::vector<std::string>& foldersAfterPath);
+
+/// The compiler that compilerCommand would have run, for a report; nothing when there is none.
+[[nodiscard]] std::optional<std::string> compilerInUse(const std::string& programFolder,
+                                                       const std::vector<std::string>& foldersAfterPath);
 
 /// What to tell a user for whom compilerCommand found none.
 [[nodiscard]] std::string compilerMissingText(const std::string& programFolder);

@@ -72,6 +72,19 @@ ProcessRequest compilerCommand(const std::string& programFolder,
     return request; // else by its name, which the PATH with our own folder at its end may still find
 }
 
+std::optional<std::string> compilerInUse(const std::string& programFolder,
+                                         const std::vector<std::string>& foldersAfterPath) {
+    const ProcessRequest request = compilerCommand(programFolder, foldersAfterPath);
+    if (request.arguments.size() > 1)
+        return request.arguments.front() + ", run by " + request.program;
+    const char* const path = std::getenv("PATH");
+    std::optional<std::string> found = findProgram(request.program, path == nullptr ? "" : path);
+    for (const std::string& folder : foldersAfterPath)
+        if (!found)
+            found = findProgram(joinPath(folder, request.program), {});
+    return found;
+}
+
 std::string compilerMissingText(const std::string& programFolder) {
     if (const auto windowsCompiler = findWindowsCompiler(searchedFolders(programFolder)))
         return "The compiler could not be started: " + *windowsCompiler +

@@ -1,5 +1,8 @@
 #include "build/compiler_command.h"
 
+#include "base/paths.h"
+#include "build/program_search.h"
+
 #include <cstdlib>
 
 namespace quillset {
@@ -10,6 +13,20 @@ ProcessRequest compilerCommand(const std::string& programFolder,
     // name, whatever characters it has, passes through the interpreter's own parsing.
     return {
         "cmd.exe", {"/d", "/c", std::string(".\\") + compileBatName}, {programFolder, {}, foldersAfterPath}};
+}
+
+// As the interpreter looks for it.
+std::optional<std::string> compilerInUse(const std::string& programFolder,
+                                         const std::vector<std::string>& foldersAfterPath) {
+    const char* const path = std::getenv("PATH");
+    std::vector<std::string> folders = pathFolders(path == nullptr ? "" : path);
+    folders.insert(folders.begin(), programFolder);
+    folders.insert(folders.end(), foldersAfterPath.begin(), foldersAfterPath.end());
+    for (const std::string& folder : folders)
+        for (const char* const name : {"bglcomp.exe", "bglcomp.bat", "bglcomp.cmd"})
+            if (std::string program = joinPath(folder, name); fileExists(program))
+                return program;
+    return std::nullopt;
 }
 
 std::string compilerMissingText(const std::string& programFolder) {

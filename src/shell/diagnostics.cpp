@@ -1,10 +1,9 @@
 #include "shell/diagnostics.h"
 
 #include "base/paths.h"
-#include "build/program_search.h"
+#include "build/compiler_command.h"
 #include "catalogue/folder_listing.h"
 
-#include <cstdlib>
 #include <optional>
 
 namespace quillset {
@@ -21,19 +20,6 @@ std::string existing(const std::string& path, bool exists) {
     if (path.empty())
         return "none";
     return exists ? path : path + " (missing)";
-}
-
-/// Where a compile would find its compiler.
-std::optional<std::string> compiler(const ProgramFiles& files) {
-    const char* const path = std::getenv("PATH");
-    std::vector<std::string> folders = pathFolders(path == nullptr ? "" : path);
-    folders.insert(folders.begin(), files.data);
-    folders.push_back(files.compilerFolder());
-    for (const std::string& folder : folders)
-        for (const char* const name : {"bglcomp.exe", "bglcomp"})
-            if (const auto found = findIgnoringCase(folder, name); found && fileExists(*found))
-                return found;
-    return std::nullopt;
 }
 
 /// The setting may have been removed by hand; that must not spoil a report about it.
@@ -85,7 +71,7 @@ std::string diagnosticsText(Session& session, const PlatformFacts& facts) {
     lines.add("Default library", existing(generic, fileExists(generic)));
     lines.add("Manual", orNothing(files.manual()));
     addSimulator(lines, session, facts);
-    lines.add("Compiler", orNothing(compiler(files)));
+    lines.add("Compiler", orNothing(compilerInUse(files.data, {files.compilerFolder()})));
     lines.add("Catalogue entries", std::to_string(session.catalogue().nodes().size()));
     if (session.document().isOpen())
         lines.add("Scenery", session.document().path() +

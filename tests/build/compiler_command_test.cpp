@@ -86,4 +86,18 @@ TEST(CompilerCommand, WhichCompilerIsTaken) {
     }
 }
 
+TEST(CompilerCommand, TheOneInUseIsTheOneThatWouldRun) {
+    const test::TemporaryFolder folder;
+    const SearchPath path(folder.file("path"));
+    const auto inUse = [&] { return compilerInUse(folder.file("program"), {folder.file("own")}); };
+    addProgram(folder, "program/bglcomp.exe");
+    EXPECT_EQ(inUse(), std::nullopt) << "there is no Wine";
+    addProgram(folder, "own/bglcomp");
+    EXPECT_EQ(inUse(), folder.file("own/bglcomp"));
+    addProgram(folder, "path/wine");
+    EXPECT_EQ(inUse(), folder.file("program/bglcomp.exe") + ", run by " + folder.file("path/wine"));
+    addProgram(folder, "path/bglcomp");
+    EXPECT_EQ(inUse(), folder.file("path/bglcomp"));
+}
+
 #endif

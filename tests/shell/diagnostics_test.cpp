@@ -12,6 +12,12 @@ namespace {
 
 const PlatformFacts facts{"6.4", "Some system", "800 x 600 at 100 %", "none", "FSUIPC failed: no simulator"};
 
+#ifdef _WIN32
+constexpr const char* compilerName = "program/bglcomp.exe";
+#else
+constexpr const char* compilerName = "program/bglcomp";
+#endif
+
 // Letter case does not count: Windows gives names as they were asked for.
 testing::AssertionResult holds(const std::string& text, const std::string& line) {
     if (lowerCase("\n" + text).find(lowerCase("\n" + line + "\n")) != std::string::npos)
@@ -34,12 +40,13 @@ TEST(Diagnostics, SaysWhatWasFoundAndWhatWasNot) {
     EXPECT_TRUE(holds(before, "Scenery: none open"));
 
     run.folder.write("fs/MODULES/FSUIPC.dll", "x");
-    run.folder.write("program/BglComp.EXE", "x");
+    const std::string compiler = run.folder.write(compilerName, "x");
+    std::filesystem::permissions(toPath(compiler), std::filesystem::perms::owner_all);
     run.folder.write("program/docs/index.html", "x");
     DocumentCommands(run.session).openFile(run.document("a.xml", 3));
     const std::string after = diagnosticsText(run.session, facts);
     EXPECT_TRUE(holds(after, "FSUIPC module: " + run.folder.file("fs/MODULES/FSUIPC.dll")));
-    EXPECT_TRUE(holds(after, "Compiler: " + run.folder.file("program/BglComp.EXE")));
+    EXPECT_TRUE(holds(after, "Compiler: " + compiler));
     EXPECT_TRUE(holds(after, "Manual: " + run.folder.file("program/docs/index.html")));
     EXPECT_TRUE(holds(after, "Scenery: " + run.folder.file("a.xml") + ", placements: 3"));
 
