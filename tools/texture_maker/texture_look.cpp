@@ -188,9 +188,9 @@ std::string_view withoutSeries(std::string_view name, std::string_view series) {
 
 int numberIn(std::string_view fileName) {
     const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    const auto* const begin = std::find_if(fileName.begin(), fileName.end(), isDigit);
+    const auto begin = std::find_if(fileName.begin(), fileName.end(), isDigit);
     int number = 0;
-    for (const auto* at = begin; at != fileName.end() && isDigit(*at); ++at)
+    for (auto at = begin; at != fileName.end() && isDigit(*at); ++at)
         number = number * 10 + (*at - '0');
     return begin == fileName.end() ? 1 : number;
 }
