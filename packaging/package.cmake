@@ -26,6 +26,7 @@ elseif(GZIP_PROGRAM)
     set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
     set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme")
+    set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils") # opens the manual
     set(CPACK_DEBIAN_PACKAGE_SUGGESTS "wine")
     # Debian's own rules for what a package must hold.
     set(CPACK_DEBIAN_PACKAGE_VERSION ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
