@@ -11,7 +11,13 @@ namespace quillset {
 
 enum class ConsoleStream { output, error };
 
-/// Writes UTF-8 at once: to a file or a pipe as it is, to a Windows console as characters.
-void writeConsole(ConsoleStream stream, std::string_view utf8);
+/// The first thing that a program for scripts does. A standard stream that the caller has closed stays so:
+/// else the next file that is opened would take its place, and messages with it. A reader that has gone away
+/// does not end the program in the middle of its work; writeConsole() tells.
+void prepareConsole();
+
+/// Writes UTF-8 at once: to a file or a pipe as it is, to a Windows console as characters. False when not all
+/// of it was taken.
+bool writeConsole(ConsoleStream stream, std::string_view utf8);
 
 } // namespace quillset

@@ -1,6 +1,9 @@
 #include "base/console_program.h"
 
+#include <csignal>
 #include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace quillset {
 
@@ -10,10 +13,16 @@ std::vector<std::string> programArguments(int count, char** arguments) {
     return {arguments + 1, arguments + count};
 }
 
-void writeConsole(ConsoleStream stream, std::string_view utf8) {
+void prepareConsole() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(stream, F_GETFD) < 0) // opened the wrong way round: using it must go on to fail
+            (void)::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+bool writeConsole(ConsoleStream stream, std::string_view utf8) {
     std::FILE* const file = stream == ConsoleStream::error ? stderr : stdout;
-    std::fwrite(utf8.data(), 1, utf8.size(), file);
-    std::fflush(file);
+    return std::fwrite(utf8.data(), 1, utf8.size(), file) == utf8.size() && std::fflush(file) == 0;
 }
 
 } // namespace quillset

@@ -41,18 +41,20 @@ std::vector<std::string> programArguments(int, char**) {
     return arguments;
 }
 
-void writeConsole(ConsoleStream stream, std::string_view utf8) {
+void prepareConsole() {} // handles have no numbers that could be taken, and there are no signals
+
+bool writeConsole(ConsoleStream stream, std::string_view utf8) {
     const HANDLE handle = outputHandle(stream);
     DWORD written = 0;
     DWORD mode = 0;
     if (utf8.empty() || !isUsable(handle))
-        return;
+        return utf8.empty();
     if (GetConsoleMode(handle, &mode) == 0) {
         while (!utf8.empty() &&
                WriteFile(handle, utf8.data(), static_cast<DWORD>(utf8.size()), &written, nullptr) != 0 &&
                written > 0)
             utf8.remove_prefix(written);
-        return;
+        return utf8.empty();
     }
     const int size = static_cast<int>(utf8.size());
     std::wstring wide(
@@ -60,8 +62,10 @@ void writeConsole(ConsoleStream stream, std::string_view utf8) {
     MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, wide.data(), static_cast<int>(wide.size()));
     constexpr std::size_t piece = 8000; // older consoles refuse more than 64 KB at once
     for (std::size_t at = 0; at < wide.size(); at += piece)
-        WriteConsoleW(handle, wide.data() + at, static_cast<DWORD>(std::min(piece, wide.size() - at)),
-                      &written, nullptr);
+        if (WriteConsoleW(handle, wide.data() + at, static_cast<DWORD>(std::min(piece, wide.size() - at)),
+                          &written, nullptr) == 0)
+            return false;
+    return true;
 }
 
 } // namespace quillset

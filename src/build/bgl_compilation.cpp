@@ -3,11 +3,10 @@
 #include "base/folder_lock.h"
 #include "base/paths.h"
 #include "base/runtime_error.h"
+#include "base/same_file.h"
 #include "build/command_line.h"
 #include "build/compiler_command.h"
 #include "build/console_text.h"
-
-#include <filesystem>
 
 namespace quillset {
 
@@ -66,15 +65,6 @@ private:
     DOSOutputs& runner_;
     Connection pieces_;
 };
-
-/// By name, whatever the separators, and by what the name leads to.
-bool sameFile(const std::string& a, const std::string& b) {
-    const auto plain = [](const std::string& path) {
-        return toText(toPath(path).lexically_normal().make_preferred());
-    };
-    std::error_code failed; // a missing file is no one's equal
-    return sameIgnoringCase(plain(a), plain(b)) || std::filesystem::equivalent(toPath(a), toPath(b), failed);
-}
 
 } // namespace
 

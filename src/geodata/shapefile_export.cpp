@@ -6,6 +6,7 @@
 #include "base/number_text.h"
 #include "base/paths.h"
 #include "base/runtime_error.h"
+#include "base/same_file.h"
 #include "document/placement.h"
 #include "document/scenery_document.h"
 #include "geodata/memory_files.h"
@@ -188,23 +189,33 @@ std::string shapefilePath(const std::string& chosen) {
     return lowerCase(chosen).ends_with(".shp") ? chosen : chosen + ".shp";
 }
 
+std::vector<std::string> shapefileFiles(const std::string& path) {
+    std::vector<std::string> files{path};
+    for (const char* const extension : {".shx", ".dbf", ".cpg", ".prj"})
+        files.push_back(besideShapefile(path, extension));
+    return files;
+}
+
 bool exportReplaces(const std::string& path) {
-    const std::string target = shapefilePath(path);
-    constexpr const char* parts[] = {".shp", ".shx", ".dbf", ".cpg", ".prj"};
-    return std::any_of(std::begin(parts), std::end(parts),
-                       [&](const char* extension) { return fileExists(besideShapefile(target, extension)); });
+    const std::vector<std::string> files = shapefileFiles(shapefilePath(path));
+    return std::any_of(files.begin(), files.end(), fileExists);
 }
 
 ExportCount exportShapefile(const SceneryDocument& document, const ObjectNames& names, FileOperations& files,
                             const std::string& path) {
+    const std::string target = shapefilePath(path);
+    const std::vector<std::string> targets = shapefileFiles(target);
+    for (const std::string& file : targets)
+        if (sameFile(file, document.path()))
+            throw RuntimeError(ErrorNumber::invalidCall,
+                               "The export would overwrite the scenery file itself: " + file);
     MemoryFiles written;
     const ExportCount count = writePoints(document, names, written, path);
-    const std::string target = shapefilePath(path);
-    writeFilesTogether(files, {{target, written.file("shp")},
-                               {besideShapefile(target, ".shx"), written.file("shx")},
-                               {besideShapefile(target, ".dbf"), written.file("dbf")},
-                               {besideShapefile(target, ".cpg"), written.file("cpg")},
-                               {besideShapefile(target, ".prj"), wgs84}});
+    writeFilesTogether(files, {{targets[0], written.file("shp")},
+                               {targets[1], written.file("shx")},
+                               {targets[2], written.file("dbf")},
+                               {targets[3], written.file("cpg")},
+                               {targets[4], wgs84}});
     removeSearchIndexes(files, target);
     return count;
 }

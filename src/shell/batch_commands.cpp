@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "base/runtime_error.h"
+#include "base/same_file.h"
 #include "document/local_models.h"
 #include "document/placement_ranges.h"
 #include "document/scenery_document.h"
@@ -69,16 +70,15 @@ private:
         } catch (const RuntimeError& error) {
             report.problem = error.what();
         }
-        if (options_.reportForm == CommandLine::ReportForm::json)
-            with_.write(ConsoleStream::output, with_.json(report));
-        else
-            list(report.findings);
+        const bool listed = with_.write(ConsoleStream::output, listOf(report));
+        if (!listed)
+            complain("the list could not be written to the standard output");
         if (!report.problem.empty())
             complain(report.problem);
         else if (!report.findings.empty())
             complain(std::to_string(report.findings.size()) +
                      (report.findings.size() == 1 ? " finding in " : " findings in ") + input());
-        return report.problem.empty() && report.findings.empty() ? success : failure;
+        return listed && report.problem.empty() && report.findings.empty() ? success : failure;
     }
 
     std::vector<SceneryFinding> findings() {
@@ -88,8 +88,11 @@ private:
         knowledge.knowsObject = [&](std::string_view guid) { return known.hasObject(guid); };
         if (known.knowsEffects())
             knowledge.knowsEffect = [&](std::string_view name) { return known.hasEffect(name); };
-        else
+        else if (settings_.fsPath().empty())
             complain("no simulator folder is known, effects are not checked (--fs-path DIR names one)");
+        else
+            complain("effects are not checked: there is no folder \"effects\" in the simulator's folder " +
+                     settings_.fsPath());
         knowledge.modelExists = [&](const std::string& path) { return modelExists(path); };
         return checkScenery(document_, PlacementRanges(readWholeFile(input())), knowledge);
     }
@@ -123,9 +126,11 @@ private:
         return false;
     }
 
-    void list(const std::vector<SceneryFinding>& findings) {
+    [[nodiscard]] std::string listOf(const CheckReport& report) const {
+        if (options_.reportForm == CommandLine::ReportForm::json)
+            return with_.json(report);
         std::string text;
-        for (const SceneryFinding& finding : findings) {
+        for (const SceneryFinding& finding : report.findings) {
             text += input();
             if (finding.line > 0)
                 text += "(" + std::to_string(finding.line) + ")";
@@ -133,8 +138,7 @@ private:
             text.append(": ").append(findingName(finding.kind)).append(": ");
             text += onOneLine(finding.what) + ": " + finding.why + "\n";
         }
-        if (!text.empty())
-            with_.write(ConsoleStream::output, text);
+        return text;
     }
 
     int format() {
@@ -170,6 +174,11 @@ private:
     int importPoints() {
         loadDocument();
         const std::string& points = options_.operands.at(1);
+        const std::string& target = options_.operands.at(2);
+        for (const std::string& file : shapefileFiles(points))
+            if (sameFile(file, target))
+                throw RuntimeError(ErrorNumber::invalidCall,
+                                   "the result would overwrite the points: " + target);
         const std::optional<ReferenceSystem> system = referenceSystemBeside(points);
         if (system && !system->isRd)
             throw RuntimeError(ErrorNumber::invalidCall, "the .prj file beside " + points +
@@ -178,7 +187,7 @@ private:
         const ImportResult result = importShapefile(document_, points);
         if (result.verdict != PointFile::Verdict::points)
             throw RuntimeError(ErrorNumber::invalidCall, refusalText(result.verdict));
-        document_.save(with_.files, options_.operands.at(2));
+        document_.save(with_.files, target);
         complain(importText(result.added, result.skipped));
         return result.skipped.empty() ? success : failure;
     }
@@ -206,8 +215,9 @@ private:
 
     [[nodiscard]] const std::string& input() const { return options_.operands.front(); }
 
-    void complain(const std::string& text) {
-        with_.write(ConsoleStream::error, "quillset-xml: " + text + "\n");
+    void complain(std::string text) {
+        std::erase(text, '\r'); // some messages are made for windows, where they fill several lines
+        with_.write(ConsoleStream::error, "quillset-xml: " + onOneLine(std::move(text)) + "\n");
     }
 
     const CommandLine& options_;

@@ -30,7 +30,8 @@ struct BatchEnvironment {
     ProgramFiles programFiles;
     /// The simulator's folder as the system knows it; empty when it does not.
     std::function<std::string()> registeredSimulatorFolder;
-    std::function<void(ConsoleStream stream, std::string_view utf8)> write;
+    /// False when the text was not taken.
+    std::function<bool(ConsoleStream stream, std::string_view utf8)> write;
     /// The report as JSON text.
     std::function<std::string(const CheckReport& report)> json;
 };

@@ -1,5 +1,6 @@
 #include "shell/batch_compile.h"
 
+#include "base/paths.h"
 #include "base/runtime_error.h"
 #include "build/bgl_compilation.h"
 #include "build/compile_message.h"
@@ -88,6 +89,10 @@ public:
 
 bool BatchCompile::run(const SceneryDocument& document, const std::string& source,
                        const std::string& target) const {
+    // Before the compiler's work, which would be in vain.
+    (void)files.writableTarget(target);
+    if (const std::string folder = folderOf(target); !folderExists(folder))
+        throw RuntimeError(ErrorNumber::pathNotFound, "Path not found: " + folder);
     ConsoleDialogs dialogs(write, target);
     ConsoleLog log(write, source);
     OneFile settings(source, target);

@@ -109,6 +109,9 @@ private:
             error_ = "option '--json' belongs to '--check'";
         else if (action_ == nullptr)
             assignFile();
+        else if (action_->operands > 0 && (options_.recordSimulator || options_.replaySimulator))
+            error_ = "'" + std::string(action_->option) +
+                     "' has no exchanges with the simulator to record or to replay";
         else if (action_->operands > 0 && options_.operands.size() != action_->operands)
             error_ = "'" + std::string(action_->option) + "' takes " + std::string(action_->operandNames);
     }

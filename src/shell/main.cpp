@@ -77,24 +77,34 @@ int edit(const CommandLine& options) {
     return editor.start() ? QApplication::exec() : 1;
 }
 
-// A command that only reads must not fail where nothing can be written.
-std::string dataFolderToRead(const std::string& executable, const CommandLine& options) {
+// The program folder of a command without a window. Only a compilation writes there; the others must not fail
+// where nothing can be written. Nothing after a message.
+std::optional<std::string> dataFolder(const std::string& executable, const CommandLine& options) {
     try {
         return chooseDataFolder(executable, userDataFolder(), options.programFolder);
-    } catch (const RuntimeError&) {
-        return options.programFolder.value_or(userDataFolder());
+    } catch (const RuntimeError& error) {
+        if (options.action != CommandLine::Action::compile)
+            return options.programFolder.value_or(userDataFolder());
+        writeConsole(ConsoleStream::error,
+                     std::string("quillset-xml: there is no folder for the working files (--program-folder "
+                                 "DIR names one): ") +
+                         error.what() + "\n");
+        return std::nullopt;
     }
 }
 
 // No window, no display: nothing of the toolkit is started.
 int runWithoutWindow(const CommandLine& options) {
     const std::string executable = executableFolder();
+    const std::optional<std::string> data = dataFolder(executable, options);
+    if (!data)
+        return 1;
     const std::unique_ptr<FileOperations> files = systemFileOperations();
     const std::unique_ptr<ProcessStarter> processes = systemProcessStarter();
     const std::unique_ptr<Registry> registry = systemRegistry();
     return runBatchCommand(options, {*files,
                                      *processes,
-                                     {executable, dataFolderToRead(executable, options), {}},
+                                     {executable, *data, {}},
                                      [&registry] { return registeredSimulatorFolder(*registry); },
                                      writeConsole,
                                      checkJson});
@@ -121,6 +131,7 @@ int run(int argc, char** argv, const CommandLine& options) {
 } // namespace
 
 int main(int argc, char** argv) {
+    prepareConsole();
     const CommandLineResult parsed = parseCommandLine(programArguments(argc, argv));
     if (!parsed.error.empty()) {
         writeConsole(ConsoleStream::error, parsed.error);
@@ -128,11 +139,9 @@ int main(int argc, char** argv) {
     }
     switch (parsed.options.action) {
     case CommandLine::Action::showHelp:
-        writeConsole(ConsoleStream::output, helpText());
-        return 0;
+        return writeConsole(ConsoleStream::output, helpText()) ? 0 : 1;
     case CommandLine::Action::showVersion:
-        writeConsole(ConsoleStream::output, versionText());
-        return 0;
+        return writeConsole(ConsoleStream::output, versionText()) ? 0 : 1;
     case CommandLine::Action::start:
         return run(argc, argv, withAbsolutePaths(parsed.options));
     default:

@@ -43,6 +43,7 @@ struct BatchFixture {
                                          [this] { return registered; },
                                          [this](ConsoleStream stream, std::string_view text) {
                                              (stream == ConsoleStream::output ? output : messages) += text;
+                                             return stream == ConsoleStream::error || !outputFull;
                                          },
                                          [](const CheckReport&) { return std::string(); }});
     }
@@ -58,6 +59,7 @@ struct BatchFixture {
     std::unique_ptr<ProcessStarter> processes = systemProcessStarter();
     std::optional<std::string> fsPath;
     std::string registered;
+    bool outputFull = false;
     std::string output;
     std::string messages;
 };
@@ -146,6 +148,13 @@ TEST(BatchCheck, WhatCannotBeReadIsTold) {
               std::string::npos);
 }
 
+TEST(BatchCheck, AListThatCannotBeWrittenIsAFailure) {
+    BatchFixture batch;
+    batch.outputFull = true;
+    EXPECT_EQ(batch.check(object(hangar)), 1);
+    EXPECT_NE(batch.messages.find("could not be written"), std::string::npos) << batch.messages;
+}
+
 TEST(BatchFormat, WritesAsTheEditorSavesAndKeepsTheFileWhenThatFails) {
     BatchFixture batch;
     const std::string path = batch.folder.write("a.xml", "<FSData><!--x--><A b=\"1\"/></FSData>");
@@ -197,6 +206,22 @@ TEST(BatchPoints, ImportAddsPlacementsAndWritesAnotherFile) {
 
     test::TestShapefile({{155000, 463000, tower}}).write(batch.folder, "points");
     EXPECT_EQ(batch.run(CommandLine::Action::importShapefile, operands), 0) << batch.messages;
+}
+
+TEST(BatchPoints, WhatIsReadIsNeverOverwritten) {
+    BatchFixture batch;
+    const std::string path = batch.folder.write("a.dbf", object(hangar));
+    EXPECT_EQ(batch.run(CommandLine::Action::exportShapefile, {path, batch.folder.file("a.shp")}), 1);
+    EXPECT_NE(batch.messages.find("overwrite the scenery file"), std::string::npos) << batch.messages;
+    EXPECT_EQ(batch.folder.read("a.dbf"), object(hangar));
+    EXPECT_FALSE(batch.folder.has("a.shp"));
+
+    const std::string points = test::TestShapefile({{155000, 463000, tower}}).write(batch.folder, "points");
+    const std::string table = batch.folder.read("points.dbf");
+    EXPECT_EQ(
+        batch.run(CommandLine::Action::importShapefile, {path, points, batch.folder.file("points.dbf")}), 1);
+    EXPECT_NE(batch.messages.find("overwrite the points"), std::string::npos) << batch.messages;
+    EXPECT_EQ(batch.folder.read("points.dbf"), table);
 }
 
 TEST(BatchPoints, WhatCannotBeImportedWritesNothing) {

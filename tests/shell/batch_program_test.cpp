@@ -72,7 +72,7 @@ private slots:
         row("compile nonsense", "--compile odd.xml odd.bgl", 1, "no BGL file was made");
         row("compile error with its place", "--compile two.xml two.bgl", 1, "two.xml(3): row 2]");
         row("compile over itself", "--compile good.xml good.xml", 1, "name of the scenery file itself");
-        row("compile into nowhere", "--compile good.xml no/such/good.bgl", 1, "such");
+        row("compile into nowhere", "--compile good.xml no/such/good.bgl", 1, "Path not found");
     }
     void exitCodes() {
         QFETCH(QString, arguments);
@@ -90,6 +90,24 @@ private slots:
         QVERIFY(folder_.read("out.bgl").size() > 100);
         QVERIFY(!folder_.has("data/compile.xml"));
         QVERIFY(!folder_.has("data/config.xml"));
+    }
+
+    void streamsThatAreGoneSpoilNothing() {
+#ifdef _WIN32
+        QSKIP("a matter of the shells of other systems");
+#else
+        const auto shell = [this](const QString& arguments) {
+            const QString command = QStringLiteral("cd \"$1\" && exec \"$0\" --program-folder data ");
+            return QProcess::execute(QStringLiteral("sh"), {QStringLiteral("-c"), command + arguments,
+                                                            QStringLiteral(QUILLSET_BIN "/quillset-xml"),
+                                                            QString::fromStdString(folder_.path())});
+        };
+        shell(QStringLiteral("--compile good.xml out.bgl 2>&1 | :"));
+        QVERIFY2(folder_.has("out.bgl"), "nobody reads its messages");
+        QCOMPARE(shell(QStringLiteral("--check good.xml >&- 2>&- <&-")), 0);
+        QCOMPARE(shell(QStringLiteral("--json --check good.xml >&- 2>&-")), 1);
+        QCOMPARE(shell(QStringLiteral("--version >&-")), 1);
+#endif
     }
 
     void jsonIsWellFormed() {

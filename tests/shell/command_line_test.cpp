@@ -48,6 +48,7 @@ TEST(CommandLine, WhatItDoesNotUnderstandIsAnError) {
         {{"--json", "a.xml"}, "option '--json' belongs to '--check'"},
         {{"--check=a.xml"}, "unknown option '--check=a.xml'"},
         {{"--record-simulator", "a.txt", "--replay-simulator=b.txt"}, "a replay cannot be recorded"},
+        {{"--check", "a.xml", "--record-simulator", "a.txt"}, "no exchanges with the simulator"},
     };
     for (const auto& row : rows)
         EXPECT_NE(parseCommandLine(row.arguments).error.find(row.problem), std::string::npos) << row.problem;

@@ -26,8 +26,9 @@ bool listFile(const std::string& path) {
     } catch (const std::exception& damage) {
         problem = damage.what();
     }
-    if (!out.str().empty())
-        quillset::writeConsole(quillset::ConsoleStream::output, path + ": " + out.str());
+    if (!out.str().empty() &&
+        !quillset::writeConsole(quillset::ConsoleStream::output, path + ": " + out.str()))
+        problem = "the list could not be written to the standard output";
     if (!problem.empty())
         quillset::writeConsole(quillset::ConsoleStream::error, path + ": error: " + problem + "\n");
     return problem.empty();
@@ -37,6 +38,7 @@ bool listFile(const std::string& path) {
 
 int main(int count, char** words) {
     using namespace quillset;
+    prepareConsole();
     const std::vector<std::string> arguments = programArguments(count, words);
     if (arguments.empty() || arguments.front() == "--help") {
         writeConsole(ConsoleStream::output, usage);

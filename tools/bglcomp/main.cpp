@@ -121,6 +121,7 @@ int run(const Arguments& arguments) {
 } // namespace
 
 int main(int count, char** words) {
+    prepareConsole();
     try {
         return run(parseArguments(programArguments(count, words)));
     } catch (const std::bad_alloc&) {
