@@ -142,43 +142,6 @@ private:
     CommandIcon icon_;
 };
 
-class ProgramIconEngine : public QIconEngine {
-public:
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(rect.topLeft());
-        painter->scale(rect.width() / 64.0, rect.height() / 64.0);
-        QLinearGradient sky(0, 0, 0, 64);
-        sky.setColorAt(0, QColor(0x2b, 0x6c, 0xb0));
-        sky.setColorAt(1, QColor(0x1a, 0x43, 0x6f));
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(sky);
-        painter->drawRoundedRect(QRectF(2, 2, 60, 60), 13, 13);
-        painter->setBrush(QColor(0xf6, 0xad, 0x55));
-        painter->drawEllipse(QPointF(18, 50), 5, 5);
-        QPainterPath feather(QPointF(20, 47));
-        feather.cubicTo(22, 26, 34, 12, 54, 8);
-        feather.cubicTo(56, 24, 46, 40, 26, 44);
-        feather.closeSubpath();
-        painter->setBrush(Qt::white);
-        painter->drawPath(feather);
-        painter->setPen(QPen(QColor(0x1a, 0x43, 0x6f), 2, Qt::SolidLine, Qt::RoundCap));
-        painter->drawLine(QPointF(20, 47), QPointF(45, 18));
-        painter->drawLine(QPointF(34, 31), QPointF(44, 30));
-        painter->drawLine(QPointF(28, 38), QPointF(37, 37));
-        painter->restore();
-    }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-        return pixmap;
-    }
-    QIconEngine* clone() const override { return new ProgramIconEngine; }
-};
-
 } // namespace
 
 QIcon commandIcon(CommandIcon icon) {
@@ -186,11 +149,9 @@ QIcon commandIcon(CommandIcon icon) {
 }
 
 QIcon programIcon() {
-    // Pixmaps beside the engine: window managers ask for sizes that an engine does not list.
     QIcon icon;
-    const QIcon drawn(new ProgramIconEngine);
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
-        icon.addPixmap(drawn.pixmap(size, size));
+        icon.addFile(QStringLiteral(":/icons/quillset-xml-%1.png").arg(size));
     return icon;
 }
 
