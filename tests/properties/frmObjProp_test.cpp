@@ -71,7 +71,6 @@ private slots:
     void editorLiesOverTheCell();
     void everyRoadPassesTheFilter();
     void endsOfAnEdit();
-    void spinBoxWritesAtOnce();
     void spinBoxIsSettledWhenItIsLeft();
     void listIsChangedByKeysAndByItsList();
     void roofTypeRebuildsTheSheet();
@@ -199,36 +198,6 @@ void frmObjPropTest::endsOfAnEdit() {
             QVERIFY2(w.stored(i, "pitch") == (i == 0 ? expected : "0.0"), end.name);
         w.sheet->setParent(&w.host);
     }
-}
-
-void frmObjPropTest::spinBoxWritesAtOnce() {
-    SheetWindow w;
-    LineEditor& box = w.open("roofTexture"); // holds 60, beyond the limit of 37
-    QCOMPARE(box.text(), text("37"));
-    QCOMPARE(w.journal.count(), std::size_t{0});
-    auto* const bar = w.spinBox().findChild<QScrollBar*>(QStringLiteral("scrSpin"));
-    const auto clickArrow = [bar](int y) {
-        QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(bar->width() / 2, y));
-    };
-    clickArrow(bar->height() - 3);
-    QCOMPARE(w.stored(1, "roofTexture"), "36");
-    QCOMPARE(w.cell("roofTexture"), text("36"));
-    QCOMPARE(w.visibleEditors(), QStringList(text("spn_prop")));
-    clickArrow(2);
-    clickArrow(2);
-    QCOMPARE(w.stored(1, "roofTexture"), "37");
-    QCOMPARE(w.journal.count(), std::size_t{2}); // the third click found the limit
-    w.press(Qt::Key_Down);
-    QCOMPARE(w.stored(1, "roofTexture"), "36");
-    box.selectAll();
-    w.type("99");
-    QCOMPARE(box.text(), text("37"));
-    w.press(Qt::Key_Escape);
-    QCOMPARE(w.stored(1, "roofTexture"), "37"); // what was written stays
-    const std::size_t snapshots = w.journal.count();
-    for (const char* name : {"topTexture", "roofTexture", "lat"})
-        w.clickRow(name);
-    QCOMPARE(w.journal.count(), snapshots);
 }
 
 void frmObjPropTest::spinBoxIsSettledWhenItIsLeft() {
