@@ -2,6 +2,8 @@
 #include "catalogue/library_registration.h"
 #include "catalogue/model_registration.h"
 #include "catalogue_fixture.h"
+#include "support/counting_guids.h"
+#include "support/fixed_clock.h"
 
 #include <gtest/gtest.h>
 
@@ -13,25 +15,8 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class FixedClock : public Clock {
-public:
-    [[nodiscard]] std::string timeText() const override { return "14:02:11"; }
-};
-
-// Counts up; fails from the given call on.
-class CountingGuids : public GuidMaker {
-public:
-    std::optional<Guid> create() override {
-        if (made == failsAt)
-            return std::nullopt;
-        return Guid{++made, 0, 0, {}};
-    }
-    std::uint32_t made = 0;
-    std::uint32_t failsAt = 1'000'000;
-};
-
 std::string guidNumber(std::uint32_t number) {
-    return guidText(Guid{number, 0, 0, {}});
+    return guidText(Guid{number, 0x0A0B, 0x0C0D, {1, 2, 3, 4, 5, 6, 7, 8}});
 }
 
 class RegistrationTest : public ::testing::Test, protected CatalogueFixture {
@@ -233,7 +218,7 @@ TEST_F(RegistrationTest, WithoutAGuidNothingIsDeclared) {
     EXPECT_FALSE(models.addModelFolder());
     EXPECT_EQ(messageTexts(), (Lines{"Error 51 (The system could not create a new GUID) in procedure "
                                      "mAddMDLFolder_Click of Form MDIForm1"}));
-    guids.made = guids.failsAt;
+    guids.last = guids.failsAt;
     dialogs.paths = {"c:/a.mdl"};
     EXPECT_FALSE(models.addModel());
     EXPECT_EQ(messageTexts().size(), 2U);

@@ -4,6 +4,7 @@
 #include "base/error_functions.h"
 #include "document/object_list.h"
 #include "document/undo_journal.h"
+#include "support/fixed_clock.h"
 #include "support/scripted_dialogs.h"
 #include "support/temporary_folder.h"
 
@@ -22,11 +23,6 @@ inline void PrintTo(const RowTexts& row, std::ostream* out) {
 } // namespace quillset
 
 namespace quillset::test {
-
-class FixedClock : public Clock {
-public:
-    [[nodiscard]] std::string timeText() const override { return "14:02:11"; }
-};
 
 /// A catalogue of a few names that remembers what it was told to select.
 class SmallCatalogue : public PlacementCatalogue {

@@ -194,15 +194,6 @@ TEST_F(ShapefileImport, DamagedFilesNeverCrash) {
     EXPECT_GT(read, 1000);
 }
 
-TEST_F(ShapefileImport, ManyFaultsAreNamedUpToALimit) {
-    std::vector<SkippedShape> skipped;
-    for (std::size_t i = 0; i < 100; ++i)
-        skipped.push_back({i * 2, ShapeFault::damaged});
-    const std::string text = importText(0, skipped);
-    EXPECT_TRUE(text.starts_with("0 points added, 100 skipped: shapes 0, 2, 4,")) << text;
-    EXPECT_TRUE(text.ends_with("78 (damaged), ...")) << text;
-}
-
 TEST_F(ShapefileImport, WithoutARootElementNothingIsRead) {
     SceneryDocument document;
     EXPECT_FALSE(document.load(folder.file("missing.xml")).ok);

@@ -97,15 +97,6 @@ TEST(Configuration, TwoProgramsLoseNothingOfEachOther) {
     EXPECT_EQ(folder.read("config.xml"), once);
 }
 
-TEST(Configuration, DamagedFilesAreRefused) {
-    const test::TemporaryFolder folder;
-    for (const char* const text :
-         {"", "<Configuration>", "<a/><b/>", "nonsense", "<Configuration a='1' a='2'/>"}) {
-        Configuration configuration;
-        EXPECT_NE(configuration.load(folder.write("config.xml", text)), std::nullopt) << text;
-    }
-}
-
 TEST(Configuration, OneOutputPathForEachSceneryFile) {
     const struct {
         const char* scenery;

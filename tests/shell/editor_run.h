@@ -1,15 +1,14 @@
 #pragma once
 
+#include "sample_files.h"
 #include "shell/editor.h"
 #include "support/scripted_dialogs.h"
-#include "support/temporary_folder.h"
 
 #include <QAbstractItemView>
 #include <QTest>
 
 #include <memory>
 #include <optional>
-#include <string>
 #include <utility>
 
 namespace quillset::test {
@@ -51,21 +50,5 @@ struct EditorRun {
     bool started = false;
     std::optional<Editor> editor;
 };
-
-/// A scenery file of `count` placements at latitudes 1, 2, ...
-inline std::string document(const TemporaryFolder& folder, const char* name, int count) {
-    std::string text = "<FSData version=\"9.0\">";
-    for (int i = 1; i <= count; ++i)
-        text += "<!--Object " + std::to_string(i) + "--><SceneryObject lat=\"" + std::to_string(i) +
-                "\" lon=\"5\"><LibraryObject name=\"AA01\" scale=\"1.0\"/></SceneryObject>";
-    return folder.write(name, text + "</FSData>");
-}
-
-/// A small catalogue and a simulator folder for an EditorRun.
-inline void writeProgramFiles(const TemporaryFolder& folder) {
-    folder.write("program/generic.xml", "<Objects><LibraryObject><n>Hangar</n><g>AA01</g></LibraryObject>"
-                                        "<LibraryObject><n>Tower</n><g>AA02</g></LibraryObject></Objects>");
-    folder.write("fs/effects/smoke.fx", "[x]");
-}
 
 } // namespace quillset::test

@@ -1,20 +1,17 @@
 #pragma once
 
+#include "sample_files.h"
 #include "shell/session.h"
 #include "support/counting_guids.h"
 #include "support/fixed_clock.h"
 #include "support/scripted_dialogs.h"
-#include "support/temporary_folder.h"
 
 namespace quillset::test {
 
 /// A session in a folder of its own, with a small catalogue and effects "smoke.fx" and "lights.fx".
 struct SessionFixture {
     SessionFixture() {
-        folder.write("program/generic.xml",
-                     "<Objects><LibraryObject><name>Hangar</name><guid>AA01</guid></LibraryObject>"
-                     "<LibraryObject><name>Tower</name><guid>AA02</guid></LibraryObject></Objects>");
-        folder.write("fs/Effects/smoke.fx", "[x]");
+        writeProgramFiles(folder);
         folder.write("fs/Effects/lights.fx", "[x]");
     }
 
@@ -25,11 +22,7 @@ struct SessionFixture {
     }
     /// A document on disk with `count` placements of the hangar.
     std::string document(std::string_view name, int count) const {
-        std::string text = "<FSData version=\"9.0\">";
-        for (int i = 1; i <= count; ++i)
-            text += "<!--Object " + std::to_string(i) + "--><SceneryObject lat=\"" + std::to_string(i) +
-                    "\" lon=\"5\"><LibraryObject name=\"AA01\" scale=\"1.0\"/></SceneryObject>";
-        return folder.write(name, text + "</FSData>");
+        return test::document(folder, name, count);
     }
 
     TemporaryFolder folder;

@@ -1,14 +1,11 @@
 // Whether the programs that read such files accept the sample simulator.
 #include "catalogue/catalogue_tree.h"
 #include "compiler/model_file.h"
-#include "preview/picture_files.h"
 #include "sample_simulator/sample_files.h"
 #include "support/scripted_dialogs.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
-
-#include <set>
 
 namespace quillset::test {
 namespace {
@@ -55,23 +52,6 @@ TEST_F(SampleSimulatorTest, TheCompilerKnowsItsModels) {
         EXPECT_EQ(size + 8U, file.bytes.size());
     }
     EXPECT_EQ(models, 5U);
-}
-
-TEST_F(SampleSimulatorTest, EveryPictureBelongsToAnObject) {
-    std::size_t found = 0;
-    const std::vector<SampleFile> pictures = samplePictures();
-    std::set<std::string> different;
-    for (const SampleFile& file : pictures) {
-        folder.write("program/pics/" + file.path, file.bytes);
-        different.insert(file.bytes);
-        EXPECT_EQ(file.bytes.substr(0, 2), "BM");
-        EXPECT_EQ(file.bytes.size(), 54U + 192U * 192U * 3U);
-    }
-    EXPECT_EQ(different.size(), pictures.size());
-    PictureFiles files({folder.file("program")});
-    for (NodeId id = 0; id < tree.nodes().size(); ++id)
-        found += files.find(tree.nodes().at(id).key) ? 1U : 0U;
-    EXPECT_EQ(found, pictures.size());
 }
 
 } // namespace
