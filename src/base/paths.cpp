@@ -97,7 +97,9 @@ std::string absolutePath(std::string_view path) {
     if (failed)
         return std::string(path);
     const bool climbs = std::find(absolute.begin(), absolute.end(), fs::path("..")) != absolute.end();
-    return toText(climbs ? absolute : absolute.lexically_normal());
+    const fs::path plain = climbs ? absolute : absolute.lexically_normal();
+    const bool separatorAtEnd = !plain.has_filename() && plain.has_relative_path();
+    return toText(separatorAtEnd ? plain.parent_path() : plain);
 }
 
 std::string lowerCase(std::string_view utf8) {

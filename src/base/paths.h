@@ -19,7 +19,8 @@ namespace quillset {
 /// Joins with the native separator; a folder that ends in one gets no second.
 [[nodiscard]] std::string joinPath(std::string_view folder, std::string_view name);
 
-/// A path that means the same in every later run: made absolute from the working folder, without "." parts.
+/// A path that means the same in every later run: made absolute from the working folder, without "." parts
+/// and without a separator at its end.
 /// ".." stays where what it leads to depends on symbolic links; Windows takes it away by the text alone.
 [[nodiscard]] std::string absolutePath(std::string_view path);
 

@@ -46,6 +46,11 @@ std::string chooseDataFolder(const std::string& executableFolder, const std::str
     else if (!folderExists(packagedDataFolder(executableFolder)) && isWritable(executableFolder))
         folder = executableFolder;
     makeFolder(folder);
+    if (!isWritable(folder))
+        throw RuntimeError(ErrorNumber::pathAccess,
+                           "The program folder, which takes the settings and the undo files, cannot be "
+                           "written: " +
+                               folder);
     return folder;
 }
 

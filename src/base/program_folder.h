@@ -21,7 +21,7 @@ namespace quillset {
 /// The folder for settings and working files, made when it is missing: `wanted` when given, else the
 /// executable's own folder if it can be written (a copy that carries its settings with it), else the user's
 /// data folder. A program that a package has put into the system's folders never takes those, also not when
-/// root could write there. Throws RuntimeError when the folder cannot be made.
+/// root could write there. Throws RuntimeError when the folder cannot be made or written.
 [[nodiscard]] std::string chooseDataFolder(const std::string& executableFolder,
                                            const std::string& userDataFolder,
                                            const std::optional<std::string>& wanted);

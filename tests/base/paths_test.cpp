@@ -33,6 +33,7 @@ TEST(Paths, AbsolutePathsHoldInEveryFolder) {
     EXPECT_EQ(toPath(absolutePath("../a.xml")), toPath(here) / ".." / "a.xml") << "may cross a symbolic link";
 #endif
     EXPECT_EQ(absolutePath(here), here);
+    EXPECT_EQ(absolutePath(joinPath(here, "")), here) << "folder names are put together from it";
 }
 
 TEST(Paths, LowerCaseBeyondAscii) {
