@@ -228,7 +228,6 @@ bool Editor::start() {
         options.windowsFolder = folder;
     if (startUp(session_, *this, options) == StartUpOutcome::programEnds)
         return false;
-    session_.log().write("simulator folder: " + session_.configuration().fsPath());
     // A simulator that does not answer would hold up the window's first picture.
     window_->setFirstShown([this] {
         link_.start();

@@ -27,6 +27,7 @@ bool runtimeFilesPresent(Session& session, const RuntimeFiles& files, const std:
 
 void lookForSimulatorModule(Session& session) {
     const std::string fsPath = session.configuration().fsPath();
+    session.log().write("simulator folder: " + fsPath);
     if (!findIgnoringCase(fsPath, "modules/fsuipc.dll"))
         session.dialogs().tell(
             "FSUIPC was not found on your system, communication with FS will not be possible");
