@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QShortcut>
+#include <QToolButton>
 
 #include <utility>
 
@@ -32,7 +33,6 @@ frmObjTree::frmObjTree(CatalogueTree& tree, ErrorFunctions& errors, std::functio
     buildSearchLine();
     buildTreeView();
     followCatalogue();
-    setFocusProxy(ObjTree_);
     openNodes();
 }
 
@@ -43,6 +43,8 @@ void frmObjTree::buildSearchLine() {
     txt_search_->setToolTip(QStringLiteral("Show only objects with these words in their names (Ctrl+F); "
                                            "Esc shows all again"));
     txt_search_->setClearButtonEnabled(true);
+    if (auto* const clear = txt_search_->findChild<QToolButton*>())
+        clear->setAccessibleName(QStringLiteral("Clear the search"));
     txt_search_->installEventFilter(this);
     connect(txt_search_, &QLineEdit::textChanged, this,
             [this](const QString& text) { model_->setSearchText(text.toStdString()); });
@@ -98,6 +100,11 @@ void frmObjTree::resizeEvent(QResizeEvent* event) {
 
 QSize frmObjTree::sizeHint() const {
     return {36 * fontMetrics().averageCharWidth(), 30 * fontMetrics().height()};
+}
+
+// No focus proxy: on its way forward Tab would go to the tree at once, past the search line.
+void frmObjTree::focusInEvent(QFocusEvent* event) {
+    ObjTree_->setFocus(event->reason());
 }
 
 void frmObjTree::arrange() {

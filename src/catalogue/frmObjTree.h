@@ -39,6 +39,7 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     /// Places the controls; an error in it is the window's "Form_Resize".
     virtual void arrange();

@@ -112,6 +112,12 @@ QVariant ObjectTreeModel::data(const QModelIndex& index, int role) const {
     }
 }
 
+QVariant ObjectTreeModel::headerData(int, Qt::Orientation orientation, int role) const {
+    // Screen readers tell it, although the header is hidden.
+    const bool wanted = orientation == Qt::Horizontal && role == Qt::DisplayRole;
+    return wanted ? QVariant(QStringLiteral("Object")) : QVariant();
+}
+
 QString ObjectTreeModel::toolTip(const CatalogueNode& node) {
     const QString text = toQString(node.text);
     if (!isPlaceable(node.kind) || node.key == node.text)

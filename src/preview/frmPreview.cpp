@@ -37,6 +37,7 @@ frmPreview::frmPreview(const PreviewContext& context, ErrorFunctions& errors,
     , timer_(new QTimer(this)) {
     setObjectName(QStringLiteral("frmPreview"));
     setWindowTitle(QStringLiteral("Preview"));
+    setFocusProxy(picPreview_);
     picPreview_->setGeometry(0, toPixels(400), width(), height());
     buildMenu();
     connect(picPreview_, &PictureBox::menuWanted, this, &frmPreview::showMenu);

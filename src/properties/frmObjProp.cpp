@@ -44,7 +44,7 @@ frmObjProp::frmObjProp(PropertyEditor& editor, ErrorFunctions& errors, std::func
     setWindowTitle(QStringLiteral("Object properties"));
     setFocusProxy(grid_);
     label_->setObjectName(QStringLiteral("lbl_prop"));
-    label_->setAccessibleName(QStringLiteral("Description of the property"));
+    label_->setAccessibleDescription(QStringLiteral("Description of the property"));
     label_->setTextFormat(Qt::PlainText);
     label_->setWordWrap(true);
     label_->setContentsMargins(2, 2, 2, 0);

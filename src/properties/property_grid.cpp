@@ -79,7 +79,9 @@ void PropertyGrid::addRow(const QString& name, const QString& value) {
     const int row = rowCount();
     insertRow(row);
     setItem(row, nameColumn, cell(name));
-    setItem(row, valueColumn, cell(value));
+    QTableWidgetItem* const valueItem = cell(value);
+    valueItem->setData(Qt::AccessibleDescriptionRole, name); // the keyboard walks through the values alone
+    setItem(row, valueColumn, valueItem);
 }
 
 void PropertyGrid::setValue(int row, const QString& value) {

@@ -12,6 +12,7 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <array>
 #include <utility>
 
 namespace quillset {
@@ -32,7 +33,10 @@ MDIForm1::MDIForm1(Session& session, const ToolWindows& windows)
     : session_(session)
     , menus_(buildMenus(*this))
     , docks_(*this)
-    , area_(new DocumentArea(windows.frmXMLList, this)) {
+    , area_(new DocumentArea(windows.frmXMLList, this))
+    , activity_(new StatusPanel(this))
+    , dockable_(new SwitchPanel(this))
+    , link_(new StatusPanel(this)) {
     setObjectName(QStringLiteral("MDIForm1"));
     setWindowTitle(QStringLiteral("Quillset XML"));
     setWindowIcon(programIcon());
@@ -60,23 +64,17 @@ MDIForm1::MDIForm1(Session& session, const ToolWindows& windows)
 
 void MDIForm1::buildStatusBar() {
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
-    for (std::size_t i = 0; i < panels_.size(); ++i) {
-        panels_[i] = new StatusPanel(this);
-        panels_[i]->setObjectName(QStringLiteral("panel%1").arg(i + 1));
-        statusBar()->addPermanentWidget(panels_[i], i == 0 ? 1 : 0);
-    }
-    panels_[0]->setAccessibleName(tr("Last operation"));
-    panels_[0]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    panels_[1]->setText(QStringLiteral("Dockable"));
-    panels_[1]->setToolTip(tr("Whether the tool windows can be dragged to another place"));
-    panels_[1]->setBevel(Bevel::inset);
-    panels_[1]->setFocusPolicy(Qt::TabFocus);
-    panels_[2]->setAccessibleName(tr("Simulator link"));
-    for (StatusPanel* const panel : panels_)
-        connect(panel, &StatusPanel::clicked, this, [this, panel] {
-            if (panel->text() == QLatin1String("Dockable"))
-                toggleDockable();
-        });
+    activity_->setObjectName(QStringLiteral("panel1"));
+    activity_->setAccessibleDescription(tr("Last operation"));
+    activity_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    dockable_->setObjectName(QStringLiteral("panel2"));
+    dockable_->setText(QStringLiteral("Dockable"));
+    dockable_->setToolTip(tr("Whether the tool windows can be dragged to another place"));
+    connect(dockable_, &SwitchPanel::toggled, this, [this](bool on) { docks_.setDockable(on); });
+    link_->setObjectName(QStringLiteral("panel3"));
+    statusBar()->addPermanentWidget(activity_, 1);
+    statusBar()->addPermanentWidget(dockable_);
+    statusBar()->addPermanentWidget(link_);
 }
 
 void MDIForm1::buildAppearanceMenu() {
@@ -120,6 +118,8 @@ void MDIForm1::connectMenus() {
         connect(menus_.action(action), &QAction::triggered, this,
                 [this, action = action, window = QLatin1String(window)] { toggleDock(action, window); });
     }
+    connect(menus_.action("mNextWindow"), &QAction::triggered, this, [this] { walkWindows(1); });
+    connect(menus_.action("mPreviousWindow"), &QAction::triggered, this, [this] { walkWindows(-1); });
     connect(menus_.action("mExit"), &QAction::triggered, this, &QWidget::close);
     for (std::size_t i = 0; i < RecentFiles::limit; ++i) {
         QAction* const action = menus_.actions.value(QStringLiteral("mLastFile(%1)").arg(i));
@@ -131,7 +131,7 @@ void MDIForm1::connectMenus() {
 
 void MDIForm1::connectSession() {
     connections_.push_back(session_.activity().changed.connect(
-        [this](const std::string& text) { panels_[0]->setText(asText(text)); }));
+        [this](const std::string& text) { activity_->setText(asText(text)); }));
     connections_.push_back(session_.recentFiles().changed.connect([this] { rebuildRecentMenu(); }));
     connections_.push_back(
         session_.document().changed.connect([this](const DocumentChange&) { updateCommands(); }));
@@ -183,11 +183,28 @@ void MDIForm1::toggleDock(const char* action, const QString& window) {
     menus_.action(action)->setChecked(show);
 }
 
-void MDIForm1::toggleDockable() {
-    const bool dockable = !docks_.isDockable();
-    docks_.setDockable(dockable);
-    panels_[1]->setSwitchedOn(dockable);
-    panels_[1]->setBevel(dockable ? Bevel::inset : Bevel::raised);
+// Round through the windows in view, as they stand from left to right at the first start.
+void MDIForm1::walkWindows(int step) {
+    QList<QWidget*> windows;
+    for (const char* const name : {"frmObjTree", "", "frmPreview", "frmObjProp", "frmCoorConv"}) {
+        QDockWidget* const dock = docks_.dock(QLatin1String(name));
+        if (dock && !dock->isHidden())
+            windows.append(dock->widget());
+        else if (!dock)
+            windows.append(area_);
+    }
+    const QWidget* const focused = QApplication::focusWidget();
+    const auto holds = [focused](const QWidget* window) {
+        return window == focused || window->isAncestorOf(focused);
+    };
+    const auto now = std::find_if(windows.begin(), windows.end(), holds);
+    const qsizetype count = windows.size();
+    const qsizetype from = now != windows.end() ? now - windows.begin() : (step > 0 ? -1 : 0);
+    QWidget* const next = windows.at((from + step + count) % count);
+    if (next != area_)
+        next->parentWidget()->raise();
+    next->activateWindow();
+    next->setFocus(Qt::TabFocusReason);
 }
 
 void MDIForm1::dockWindows() {
@@ -249,14 +266,14 @@ void MDIForm1::showContextMenu(const QPoint& globalPlace) {
 }
 
 void MDIForm1::setLinkState(const QString& text, Bevel bevel, const QString& explanation) {
-    panels_[2]->setText(text);
-    panels_[2]->setBevel(bevel);
-    panels_[2]->setToolTip(explanation);
+    link_->setText(text);
+    link_->setBevel(bevel);
+    link_->setToolTip(explanation);
 }
 
 void MDIForm1::showWaiting(const QString& text) {
-    panels_[0]->setText(text.isEmpty() ? asText(session_.activity().text()) : text);
-    panels_[0]->repaint();
+    activity_->setText(text.isEmpty() ? asText(session_.activity().text()) : text);
+    activity_->repaint();
 }
 
 void MDIForm1::rebuildRecentMenu() {

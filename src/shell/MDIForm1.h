@@ -8,7 +8,6 @@
 
 #include <QMainWindow>
 
-#include <array>
 #include <functional>
 #include <map>
 #include <string>
@@ -74,8 +73,8 @@ private:
     void connectMenus();
     void connectSession();
     void chooseAppearance(const QString& text);
+    void walkWindows(int step);
     void toggleDock(const char* action, const QString& window);
-    void toggleDockable();
     void prepareObjectsMenu();
     void prepareViewMenu();
     void prepareEditMenu();
@@ -84,7 +83,9 @@ private:
     BuiltMenus menus_;
     DockHost docks_;
     DocumentArea* area_;
-    std::array<StatusPanel*, 3> panels_{};
+    StatusPanel* activity_;
+    SwitchPanel* dockable_;
+    StatusPanel* link_;
     std::function<void(std::size_t)> openRecent_;
     std::function<bool()> shutDown_;
     std::function<void()> firstShown_;

@@ -62,6 +62,10 @@ constexpr std::array viewMenu{
     CommandRow{"mObjectTree", "Object tree", "", Icon::tree, "Show or hide the catalogue"},
     CommandRow{"mObjectProperties", "Object properties", "", Icon::properties, "Show or hide the properties"},
     CommandRow{"mPreviewWindow", "Preview window", "", Icon::preview, "Show or hide the preview"},
+    CommandRow{"mNothingView", "-"},
+    CommandRow{"mNextWindow", "&Next window", "F6", Icon::none, "Move the keyboard to the next window"},
+    CommandRow{"mPreviousWindow", "&Previous window", "Shift+F6", Icon::none,
+               "Move the keyboard to the window before"},
 };
 
 constexpr std::array helpMenu{

@@ -66,7 +66,6 @@ int DockHost::dockStatus(const QString& name) const {
 }
 
 void DockHost::setDockable(bool dockable) {
-    dockable_ = dockable;
     for (QDockWidget* const dock : docks_) {
         dock->setAllowedAreas(dockable || !dock->isFloating() ? Qt::AllDockWidgetAreas
                                                               : Qt::NoDockWidgetArea);

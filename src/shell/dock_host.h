@@ -28,12 +28,10 @@ public:
     /// Whether tool windows can be dragged to another side; a window that floats keeps floating when they
     /// cannot.
     void setDockable(bool dockable);
-    [[nodiscard]] bool isDockable() const { return dockable_; }
 
 private:
     QMainWindow& window_;
     QHash<QString, QDockWidget*> docks_;
-    bool dockable_ = true;
 };
 
 } // namespace quillset

@@ -3,8 +3,8 @@
 #include "shell/command_icons.h"
 
 #include <QDir>
+#include <QFocusEvent>
 #include <QHBoxLayout>
-#include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -23,10 +23,11 @@ QLabel* heading(const QString& text, qreal scale, QWidget* parent) {
 } // namespace
 
 DocumentArea::DocumentArea(QWidget* documentWindow, QWidget* parent)
-    : QStackedWidget(parent) {
+    : QStackedWidget(parent)
+    , documentWindow_(documentWindow) {
     setObjectName(QStringLiteral("documentArea"));
     addWidget(makeStartPage());
-    addWidget(makeDocumentPage(documentWindow));
+    addWidget(makeDocumentPage());
 }
 
 QWidget* DocumentArea::makeStartPage() {
@@ -50,8 +51,8 @@ QWidget* DocumentArea::makeStartPage() {
         buttons->addWidget(made);
         return made;
     };
-    connect(button(tr("New XML"), CommandIcon::newFile, "startNew"), &QPushButton::clicked, this,
-            &DocumentArea::newRequested);
+    startNew_ = button(tr("New XML"), CommandIcon::newFile, "startNew");
+    connect(startNew_, &QPushButton::clicked, this, &DocumentArea::newRequested);
     connect(button(tr("Open XML"), CommandIcon::openFile, "startOpen"), &QPushButton::clicked, this,
             &DocumentArea::openRequested);
     buttons->addStretch();
@@ -75,7 +76,7 @@ QWidget* DocumentArea::makeStartPage() {
     return page;
 }
 
-QWidget* DocumentArea::makeDocumentPage(QWidget* documentWindow) {
+QWidget* DocumentArea::makeDocumentPage() {
     auto* const page = new QWidget(this);
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -97,18 +98,28 @@ QWidget* DocumentArea::makeDocumentPage(QWidget* documentWindow) {
     bar->addWidget(caption_, 1);
     bar->addWidget(close);
     layout->addLayout(bar);
-    layout->addWidget(documentWindow, 1);
+    layout->addWidget(documentWindow_, 1);
     return page;
 }
 
 void DocumentArea::showDocument(const QString& caption) {
     caption_->setText(caption);
     caption_->setToolTip(caption);
+    // From the start page the keyboard goes on to the list, not to the button that closes the document.
+    const QWidget* const focused = window()->focusWidget();
+    const bool fromStartPage = !showsDocument() && (!focused || isAncestorOf(focused));
     setCurrentIndex(1);
+    if (fromStartPage)
+        documentWindow_->setFocus();
 }
 
 void DocumentArea::hideDocument() {
     setCurrentIndex(0);
+}
+
+void DocumentArea::focusInEvent(QFocusEvent* event) {
+    QWidget* const target = showsDocument() ? documentWindow_ : startNew_;
+    target->setFocus(event->reason());
 }
 
 void DocumentArea::setRecentFiles(const QStringList& paths) {

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QStackedWidget>
 
 namespace quillset {
@@ -26,10 +27,16 @@ signals:
     void openRequested();
     void recentRequested(int index);
 
+protected:
+    /// The keyboard goes to the list or to the first button of the start page.
+    void focusInEvent(QFocusEvent* event) override;
+
 private:
     QWidget* makeStartPage();
-    QWidget* makeDocumentPage(QWidget* documentWindow);
+    QWidget* makeDocumentPage();
 
+    QWidget* documentWindow_;
+    QPushButton* startNew_ = nullptr;
     QLabel* caption_ = nullptr;
     QLabel* recentTitle_ = nullptr;
     QListWidget* recent_ = nullptr;

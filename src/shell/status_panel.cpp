@@ -1,7 +1,6 @@
 #include "shell/status_panel.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
+#include <QStyleOptionToolButton>
 
 namespace quillset {
 
@@ -25,20 +24,17 @@ void StatusPanel::setBevel(Bevel bevel) {
     }
 }
 
-void StatusPanel::setSwitchedOn(bool on) {
-    setForegroundRole(on ? QPalette::WindowText : QPalette::PlaceholderText);
+SwitchPanel::SwitchPanel(QWidget* parent)
+    : QToolButton(parent) {
+    setCheckable(true);
+    setChecked(true);
+    setFocusPolicy(Qt::TabFocus);
 }
 
-void StatusPanel::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-        emit clicked();
-}
-
-void StatusPanel::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return)
-        emit clicked();
-    else
-        QLabel::keyPressEvent(event);
+void SwitchPanel::initStyleOption(QStyleOptionToolButton* option) const {
+    QToolButton::initStyleOption(option);
+    if (!isChecked())
+        option->palette.setColor(QPalette::ButtonText, option->palette.color(QPalette::PlaceholderText));
 }
 
 } // namespace quillset

@@ -1,27 +1,30 @@
 #pragma once
 
 #include <QLabel>
+#include <QToolButton>
 
 namespace quillset {
 
 enum class Bevel { none, inset, raised };
 
-/// One panel of the status bar. It takes clicks also when it looks switched off.
+/// One panel of the status bar that shows a text.
 class StatusPanel : public QLabel {
     Q_OBJECT
 public:
     explicit StatusPanel(QWidget* parent = nullptr);
 
     void setBevel(Bevel bevel);
-    /// Grey text when off.
-    void setSwitchedOn(bool on);
+};
 
-signals:
-    void clicked();
+/// A panel that is switched on and off: sunk when on; when off, raised with a grey text, and it takes clicks
+/// all the same.
+class SwitchPanel : public QToolButton {
+    Q_OBJECT
+public:
+    explicit SwitchPanel(QWidget* parent = nullptr);
 
 protected:
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    void initStyleOption(QStyleOptionToolButton* option) const override;
 };
 
 } // namespace quillset

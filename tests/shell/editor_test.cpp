@@ -28,9 +28,11 @@ private slots:
 
     void newAddAndSaveByKeys();
     void listKeysActInTheListOnly();
+    void theKeyboardReachesEveryWindow();
     void everyTrapIsWhereItBelongs_data();
     void everyTrapIsWhereItBelongs();
     void layoutComesBack();
+    void theWindowOpensWhicheverSettingIsMissing();
     void dockablePanelToggles();
     void recentFilesKeepTheirAmpersands();
     void closingTheMainWindowAsksNothing();
@@ -51,6 +53,7 @@ void EditorTest::newAddAndSaveByKeys() {
     QTest::keyClick(window.windowHandle(), Qt::Key_N, Qt::ControlModifier);
     QVERIFY(window.documentArea().showsDocument());
     QCOMPARE(window.documentArea().caption().toStdString(), folder_->file("one.xml"));
+    QVERIFY(run.list()->hasFocus());
     QVERIFY2(!run.action("mAddNewEnd")->isEnabled(), "nothing is selected in the catalogue");
 
     run.editor->session().catalogue().setObjTreeItem("rectangular");
@@ -84,6 +87,24 @@ void EditorTest::listKeysActInTheListOnly() {
     QTest::keyClick(tree, Qt::Key_Up, Qt::AltModifier);
     QCOMPARE(run.editor->session().document().placementCount(), std::size_t(2));
     QVERIFY(run.dialogs.messages.empty());
+}
+
+void EditorTest::theKeyboardReachesEveryWindow() {
+    EditorRun run(*folder_, document(*folder_, "a.xml", 1));
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        return QApplication::focusWidget()->objectName();
+    };
+    run.list()->setFocus();
+    for (const char* const next : {"picPreview", "ObjProp", "ObjTree", "XMLList"})
+        QCOMPARE(press(Qt::Key_F6), QLatin1String(next));
+    QCOMPARE(press(Qt::Key_F6, Qt::ShiftModifier), QStringLiteral("ObjTree"));
+    QCOMPARE(press(Qt::Key_Backtab, Qt::ShiftModifier), QStringLiteral("txt_search"));
+    QCOMPARE(press(Qt::Key_Tab), QStringLiteral("ObjTree"));
+    for (int tabs = 0; tabs < 20 && press(Qt::Key_Tab) != QLatin1String("panel2"); ++tabs)
+        if (QApplication::focusWidget()->objectName() == QLatin1String("ObjProp"))
+            press(Qt::Key_Tab, Qt::ControlModifier);
+    QCOMPARE(press(Qt::Key_Tab), QStringLiteral("txt_search"));
 }
 
 void EditorTest::everyTrapIsWhereItBelongs_data() {
@@ -193,6 +214,16 @@ void EditorTest::layoutComesBack() {
     QCOMPARE(docks.layout(QStringLiteral("frmPreview")).docked, false);
     again.action("mObjectProperties")->trigger();
     QVERIFY(docks.layout(QStringLiteral("frmObjProp")).visible);
+}
+
+void EditorTest::theWindowOpensWhicheverSettingIsMissing() {
+    for (const char* const setting : {"<FsPath>x</FsPath>", "<MDLPath/>"}) {
+        folder_->write("program/config.xml", std::string("<Configuration>") + setting + "</Configuration>");
+        EditorRun run(*folder_);
+        QVERIFY2(run.started, setting);
+        for (const char* const name : {"frmObjTree", "frmPreview", "frmObjProp"})
+            QVERIFY2(run.editor->window().docks().layout(QLatin1String(name)).align != 0, name);
+    }
 }
 
 void EditorTest::dockablePanelToggles() {
