@@ -33,7 +33,7 @@ bool CatalogueNodes::mayAdd(NodeKind kind, std::string_view key) const {
 
 NodeId CatalogueNodes::add(NodeId parent, NodeKind kind, std::string_view key, std::string_view text) {
     if (!mayAdd(kind, key))
-        throw RuntimeError(ErrorNumber::keyNotUnique);
+        throw RuntimeError(ErrorNumber::keyNotUnique, "Key is not unique in collection: " + std::string(key));
     const auto id = static_cast<NodeId>(nodes_.size());
     std::vector<NodeId>& siblings = nodes_.at(parent).children;
     const auto row = static_cast<std::uint32_t>(siblings.size());

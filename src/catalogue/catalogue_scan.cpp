@@ -24,7 +24,7 @@ public:
     void addDefaultLibrary(const std::string& path) {
         const NodeId group = nodes_.add(root, NodeKind::defaultGroup, "generic", "Default library objects");
         bool readable = true;
-        reportingDuplicates("rescanObjTree", [&] {
+        reportingDuplicates("rescanObjTree", fileNameOf(path), [&] {
             readable = readDefaultLibrary(path, [&](std::string_view key, std::string_view text) {
                 nodes_.add(group, NodeKind::defaultObject, key, text);
             });
@@ -42,7 +42,7 @@ public:
             return;
         }
         const NodeId group = nodes_.add(root, NodeKind::effectsGroup, "effects", "Effects");
-        reportingDuplicates("rescanObjTree", [&] {
+        reportingDuplicates("rescanObjTree", "the effects", [&] {
             for (const std::string& name : filesEndingIn(*folder, "fx").usable)
                 nodes_.add(group, NodeKind::effect, name, name);
         });
@@ -54,7 +54,7 @@ public:
 
     void addNewUserLibrary(const std::string& path, LibraryReader read) {
         bool readable = true;
-        reportingDuplicates("addNewUserLibrary", [&] {
+        reportingDuplicates("addNewUserLibrary", fileNameOf(path), [&] {
             std::optional<NodeId> group; // a library without objects gets none
             readable = read(path, [&](std::string_view key, std::string_view text) {
                 if (!group)
@@ -68,7 +68,7 @@ public:
 
     void addModels(const std::vector<CatalogueModel>& models) {
         const NodeId group = nodes_.add(root, NodeKind::localGroup, "local", "MDL objects");
-        reportingDuplicates("rescanObjTree", [&] {
+        reportingDuplicates("rescanObjTree", "the scenery file", [&] {
             for (const CatalogueModel& model : models)
                 nodes_.add(group, NodeKind::localModel, model.name, fileNameOf(model.sourceFile));
         });
@@ -88,7 +88,8 @@ private:
 
     // Deliberate: a report without the routine that ends the program. The same object in two libraries is
     // common, and the nodes added so far are good.
-    void reportingDuplicates(const char* procedure, const std::function<void()>& add) {
+    void reportingDuplicates(const char* procedure, std::string_view source,
+                             const std::function<void()>& add) {
         ErrorText error;
         try {
             add();
@@ -96,6 +97,7 @@ private:
         } catch (const RuntimeError&) {
             error = currentError();
         }
+        error.description.append(" in ").append(source);
         errors_.report(error.number, error.description, procedure, "frmObjTree");
     }
 

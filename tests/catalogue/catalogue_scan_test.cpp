@@ -8,10 +8,10 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr const char* duplicateInScan =
-    "Error 35602 (Key is not unique in collection) in procedure rescanObjTree of Form frmObjTree";
-constexpr const char* duplicateInLibrary =
-    "Error 35602 (Key is not unique in collection) in procedure addNewUserLibrary of Form frmObjTree";
+std::string duplicate(const std::string& where, const char* procedure = "rescanObjTree") {
+    return "Error 35602 (Key is not unique in collection: " + where + ") in procedure " + procedure +
+           " of Form frmObjTree";
+}
 
 const Lines buildings{"rectangular=Rectangular building", "pyramidal=Pyramidal building",
                       "multisided=MultiSided building"};
@@ -57,7 +57,9 @@ TEST_F(CatalogueScanTest, ReportsADuplicateKeyOncePerSourceAndGoesOn) {
     sources.documentModels = {{"generic", "g.mdl"}, {"M2", "m.mdl"}};
     rescan();
     EXPECT_EQ(messageTexts(),
-              (Lines{duplicateInScan, duplicateInLibrary, duplicateInLibrary, duplicateInScan}));
+              (Lines{duplicate("AA01 in generic.xml"), duplicate("AA01 in user.xml", "addNewUserLibrary"),
+                     duplicate("user.xml in user.xml", "addNewUserLibrary"),
+                     duplicate("generic in the scenery file")}));
     EXPECT_EQ(below("generic"), (Lines{"AA01=Barn"}));
     EXPECT_EQ(below("user"), (Lines{"user.xml=user.xml", "  U1=1.mdl", "rwy.xml=rwy.xml", "  R1=r"}));
     EXPECT_EQ(below("local"), Lines{});
@@ -69,7 +71,8 @@ TEST_F(CatalogueScanTest, AnObjectNeverTakesTheKeyOfAGroupOrBuilding) {
     folder.write("generic.xml", "<l>" + defaultObject("Barn", "user") + "</l>");
     sources.documentModels = {{"M1", "a.mdl"}, {"rectangular", "b.mdl"}};
     rescan();
-    EXPECT_EQ(messageTexts(), (Lines{duplicateInScan, duplicateInScan}));
+    EXPECT_EQ(messageTexts(),
+              (Lines{duplicate("user in generic.xml"), duplicate("rectangular in the scenery file")}));
     EXPECT_EQ(tree.getObjectName("user"), "User library objects");
     EXPECT_EQ(below("local"), (Lines{"M1=a.mdl"}));
     EXPECT_EQ(below("genbuild"), buildings);
