@@ -44,14 +44,17 @@ std::string MemoryFiles::name() const {
 
 SAHooks MemoryFiles::hooks() {
     SAHooks hooks{};
-    hooks.FOpen = &MemoryFiles::open;
+    // These three have other types from the library's version 1.6 on: a context as well, a constant buffer.
+    hooks.FOpen = [](const char* filename, const char* access, auto...) { return open(filename, access); };
+    hooks.Remove = [](const char* filename, auto...) { return remove(filename); };
+    hooks.FWrite = [](auto* from, SAOffset size, SAOffset count, SAFile file) {
+        return write(from, size, count, file);
+    };
     hooks.FRead = &MemoryFiles::read;
-    hooks.FWrite = &MemoryFiles::write;
     hooks.FSeek = &MemoryFiles::seek;
     hooks.FTell = &MemoryFiles::tell;
     hooks.FFlush = &MemoryFiles::flush;
     hooks.FClose = &MemoryFiles::close;
-    hooks.Remove = &MemoryFiles::remove;
     hooks.Error = [](const char*) {}; // what failed shows in the results of the calls
     hooks.Atof = [](const char* text) {
         double value = 0;
@@ -90,7 +93,7 @@ SAOffset MemoryFiles::read(void* to, SAOffset size, SAOffset count, SAFile file)
     return static_cast<SAOffset>(size == 0 ? 0 : length / size);
 }
 
-SAOffset MemoryFiles::write(void* from, SAOffset size, SAOffset count, SAFile file) {
+SAOffset MemoryFiles::write(const void* from, SAOffset size, SAOffset count, SAFile file) {
     Stream& stream = *streamOf(file);
     const std::size_t length = std::size_t{size} * count;
     try {

@@ -28,7 +28,7 @@ private:
     static Stream* streamOf(SAFile file);
     static SAFile open(const char* filename, const char* access);
     static SAOffset read(void* to, SAOffset size, SAOffset count, SAFile file);
-    static SAOffset write(void* from, SAOffset size, SAOffset count, SAFile file);
+    static SAOffset write(const void* from, SAOffset size, SAOffset count, SAFile file);
     static SAOffset seek(SAFile file, SAOffset offset, int whence);
     static SAOffset tell(SAFile file);
     static int flush(SAFile file);
