@@ -56,6 +56,17 @@ TEST_F(Monitor, FindsASimulatorThatStartsLater) {
     EXPECT_EQ(shown.back(), connected);
 }
 
+TEST_F(Monitor, NoticesAnEndAndANewStart) {
+    monitor.start();
+    simulator.end();
+    monitor.tick();
+    EXPECT_EQ(shown.back(), nobody);
+    EXPECT_EQ(simulator.held(), 0u);
+    simulator.windowClasses = {"UIPCMAIN"};
+    ticks(2);
+    EXPECT_EQ(shown.back(), connected);
+}
+
 TEST_F(Monitor, AnotherSimulatorFailsWithoutRaisingThePanel) {
     simulator.offsets.set<std::uint16_t>(0x3308, 8);
     monitor.start();

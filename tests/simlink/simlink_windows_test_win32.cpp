@@ -61,6 +61,30 @@ TEST_F(WindowsLink, ExchangesPositionsWithAnotherProcess) {
     EXPECT_EQ(simulator.line(), "write 0568 8");
 }
 
+TEST_F(WindowsLink, RefusesWhatIsNoSimulator) {
+    struct Row {
+        std::vector<std::string> arguments;
+        FsuipcError error;
+        std::uint32_t requested;
+    };
+    const std::vector<Row> rows{
+        {{"--class", "SOMETHING"}, FsuipcError::noSimulatorWindow, 0},
+        {{"--set", "3304=00000000"}, FsuipcError::wrongServer, 0},
+        {{"--set", "330A=0000"}, FsuipcError::wrongServer, 0},
+        {{"--class", "FS98MAIN", "--set", "330A=0000"}, FsuipcError::wrongServerOldWindow, 0},
+        {{"--set", "3308=0800"}, FsuipcError::wrongSimulator, 7},
+        {{"--answer", "0"}, FsuipcError::refused, 0},
+        {{"--answer", "-1"}, FsuipcError::refused, 0},
+        {{"--class", "FS98MAIN"}, FsuipcError::success, 7},
+    };
+    for (const Row& row : rows) {
+        const FakeSimulatorProcess simulator(row.arguments);
+        EXPECT_EQ(open(row.requested), row.error == FsuipcError::success) << row.arguments[1];
+        EXPECT_EQ(error, row.error) << row.arguments[1];
+        client.closeLink();
+    }
+}
+
 TEST_F(WindowsLink, ABlockOfThatNameIsNotTakenOver) {
     const FakeSimulatorProcess simulator;
     ASSERT_TRUE(open());
@@ -68,6 +92,16 @@ TEST_F(WindowsLink, ABlockOfThatNameIsNotTakenOver) {
     EXPECT_FALSE(second.openLink(0, error));
     EXPECT_EQ(error, FsuipcError::blockNotCreated);
     EXPECT_TRUE(readVersion());
+}
+
+TEST_F(WindowsLink, TheLargestRequestsFitTheBlock) {
+    const FakeSimulatorProcess simulator;
+    ASSERT_TRUE(open());
+    const std::vector<std::byte> sent(32496, std::byte{0x5A});
+    std::vector<std::byte> received(32492);
+    ASSERT_TRUE(client.queueWrite(0x4000, 32496, sent.data(), error) && client.processRequests(error));
+    ASSERT_TRUE(client.queueRead(0x4000, 32492, received.data(), error) && client.processRequests(error));
+    EXPECT_TRUE(std::equal(received.begin(), received.end(), sent.begin()));
 }
 
 TEST_F(WindowsLink, ALateAnswerIsATimeOutAndTheNextAttemptSucceeds) {
@@ -116,6 +150,16 @@ TEST_F(WindowsLink, ASimulatorThatDiesInMidExchange) {
     EXPECT_EQ(error, FsuipcError::sendFailed);
     EXPECT_FALSE(client.processRequests(error));
     EXPECT_EQ(error, FsuipcError::nothingQueued);
+}
+
+TEST_F(WindowsLink, AScribblingSimulatorDoesNoHarm) {
+    for (const char* const damage : {"0=00000003", "8=FFFFFFFF", "8=00008000", "C=7FFFFFFF", "12=01010101"}) {
+        const FakeSimulatorProcess simulator({"--scribble-from", "2", "--scribble", damage});
+        ASSERT_TRUE(open());
+        EXPECT_FALSE(readVersion()) << damage;
+        EXPECT_TRUE(client.isOpen());
+        client.closeLink();
+    }
 }
 
 DWORD handleCount() {

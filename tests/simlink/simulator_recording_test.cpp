@@ -2,7 +2,6 @@
 #include "simlink/link_monitor.h"
 #include "simlink/position_exchange.h"
 #include "simlink/simulator_recording.h"
-#include "support/fixed_clock.h"
 #include "support/in_process_simulator.h"
 #include "support/temporary_folder.h"
 
@@ -13,6 +12,11 @@ using quillset::test::InProcessSimulator;
 using quillset::test::TemporaryFolder;
 
 namespace {
+
+class FixedClock : public Clock {
+public:
+    std::string timeText() const override { return "12:30:05"; }
+};
 
 // What a user sees in a session that has everything: a late start, a position, a silent and a dead simulator.
 std::vector<std::string> session(SimulatorServices& services, InProcessSimulator* simulator) {
@@ -54,7 +58,7 @@ std::vector<std::string> session(SimulatorServices& services, InProcessSimulator
 TEST(SimulatorRecording, AReplayShowsWhatTheUserSaw) {
     const TemporaryFolder folder;
     const std::string path = folder.file("link.txt");
-    const test::FixedClock clock;
+    const FixedClock clock;
     auto owned = std::make_unique<InProcessSimulator>();
     InProcessSimulator* const simulator = owned.get();
     std::vector<std::string> original;
@@ -65,7 +69,7 @@ TEST(SimulatorRecording, AReplayShowsWhatTheUserSaw) {
     }
     const std::string text = folder.read("link.txt");
     EXPECT_NE(text.find("\nfind FS98MAIN = 1\n"), std::string::npos);
-    EXPECT_NE(text.find("\n# 14:02:11\n#   read 00000560: 00000000AB4E4C00\nsend 0100000060050000"),
+    EXPECT_NE(text.find("\n# 12:30:05\n#   read 00000560: 00000000AB4E4C00\nsend 0100000060050000"),
               std::string::npos);
     EXPECT_NE(text.find(" = failed 1400\n"), std::string::npos);
 
@@ -104,7 +108,7 @@ TEST(SimulatorRecording, DamagedRecordingsNameTheLine) {
 
 TEST(SimulatorRecording, OnlyAnOlderRecordingIsWrittenOver) {
     const TemporaryFolder folder;
-    const test::FixedClock clock;
+    const FixedClock clock;
     const auto record = [&](const std::string& path) {
         (void)recordedServices(std::make_unique<InProcessSimulator>(), path, clock);
     };
