@@ -68,6 +68,7 @@ constexpr int valueColumn = PropertyGrid::valueColumn;
 class frmObjPropTest : public QObject {
     Q_OBJECT
 private slots:
+    void anEditNeverReachesAnotherPlacement();
     void editorLiesOverTheCell();
     void everyRoadPassesTheFilter();
     void endsOfAnEdit();
@@ -80,6 +81,44 @@ private slots:
     void editorFollowsTheScrolling();
     void layoutFollowsTheDocking();
 };
+
+void frmObjPropTest::anEditNeverReachesAnotherPlacement() {
+    struct Row {
+        const char* name;
+        Act edit;
+        std::optional<std::size_t> placement; ///< where the edited placement stands afterwards
+    };
+    const auto undo = [](SheetWindow& w) { // as the command does it
+        w.editor.commitOpenEditor();
+        w.journal.undo();
+        w.list.updateXMLList();
+    };
+    const std::vector<Row> rows{
+        {"moved up", [](auto& w) { w.list.moveUp(); }, 0},
+        {"moved down", [](auto& w) { w.list.moveDown(); }, 2},
+        {"object before it", [](auto& w) { w.list.addNewObject("AA", 1, 2, true); }, 2},
+        {"object at the end", [](auto& w) { w.list.addNewObject("AA", 1, 2, false); }, 1},
+        {"removed", [](auto& w) { w.list.removeObject(); }, std::nullopt},
+        {"undone", undo, std::nullopt},
+        {"given another object", [](auto& w) { w.list.UpdateObject("BB"); }, 1},
+    };
+    for (const Row& row : rows) {
+        SheetWindow w;
+        w.open("pitch");
+        w.type("2.5");
+        row.edit(w);
+        w.editor.setNewData();
+        w.elsewhere->setFocus();
+        for (std::size_t i = 0; i < w.document.placementCount(); ++i)
+            QVERIFY2(w.stored(i, "pitch") == (i == row.placement ? "2.5" : "0.0"), row.name);
+        // The next edit goes to what the sheet shows now.
+        w.clickRow("bank");
+        w.type("7");
+        w.press(Qt::Key_Return);
+        for (std::size_t i = 0; i < w.document.placementCount(); ++i)
+            QVERIFY2(w.stored(i, "bank") == (i == w.list.selectedPlacement() ? "7" : "0.0"), row.name);
+    }
+}
 
 void frmObjPropTest::editorLiesOverTheCell() {
     SheetWindow w;
