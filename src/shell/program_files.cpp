@@ -3,9 +3,27 @@
 #include "base/paths.h"
 #include "base/program_folder.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <system_error>
 
 namespace quillset {
+
+namespace {
+
+/// What an earlier error has left stays.
+std::string unusedName(const std::string& path) {
+    const std::filesystem::path wanted = toPath(path);
+    std::filesystem::path name = wanted;
+    for (int number = 2; fileExists(toText(name)); ++number) {
+        name = wanted.parent_path() / wanted.stem();
+        name += " " + std::to_string(number);
+        name += wanted.extension();
+    }
+    return toText(name);
+}
+
+} // namespace
 
 std::string ProgramFiles::config() const {
     return joinPath(data, "config.xml");
@@ -21,6 +39,7 @@ std::vector<std::string> ProgramFiles::recoveries(const std::string& sceneryPath
     const std::filesystem::path temporary = std::filesystem::temp_directory_path(failed);
     if (!failed)
         paths.push_back(toText(temporary / "quillset-recovery.xml"));
+    std::transform(paths.begin(), paths.end(), paths.begin(), unusedName);
     return paths;
 }
 

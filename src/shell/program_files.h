@@ -17,7 +17,7 @@ struct ProgramFiles {
     [[nodiscard]] std::string config() const;
     [[nodiscard]] std::string log() const;
     /// Where to keep a document that the program cannot go on with: the first of these that can be written.
-    /// The disk of the working files may be the very one that is full.
+    /// The disk of the working files may be the very one that is full. None names a file that is there.
     [[nodiscard]] std::vector<std::string> recoveries(const std::string& sceneryPath) const;
     /// A file that came with the program ("generic.xml"): in the data folder first, so that a user can
     /// replace it, then beside the executable, then where a Linux package puts it. The data folder's path

@@ -24,7 +24,9 @@ TEST(CompileCommand, BeforeAnErrorEndsTheProgramTheDocumentIsKeptWhereItCanBeWri
     const struct {
         const char* blocked; // a file in the way
         const char* kept;
-    } rows[] = {{"other", "program/recovery.xml"}, {"program/recovery.xml/x", "one.xml.recovery"}};
+    } rows[] = {{"other", "program/recovery.xml"},
+                {"program/recovery.xml", "program/recovery 2.xml"},
+                {"program/recovery.xml/x", "one.xml.recovery"}};
     for (const auto& row : rows) {
         test::SessionFixture run;
         run.start();
