@@ -120,6 +120,7 @@ void MDIForm1::connectMenus() {
     }
     connect(menus_.action("mNextWindow"), &QAction::triggered, this, [this] { walkWindows(1); });
     connect(menus_.action("mPreviousWindow"), &QAction::triggered, this, [this] { walkWindows(-1); });
+    connect(menus_.action("mFloatWindow"), &QAction::triggered, this, [this] { docks_.toggleFloating(); });
     connect(menus_.action("mExit"), &QAction::triggered, this, &QWidget::close);
     for (std::size_t i = 0; i < RecentFiles::limit; ++i) {
         QAction* const action = menus_.actions.value(QStringLiteral("mLastFile(%1)").arg(i));

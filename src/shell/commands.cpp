@@ -66,6 +66,8 @@ constexpr std::array viewMenu{
     CommandRow{"mNextWindow", "&Next window", "F6", Icon::none, "Move the keyboard to the next window"},
     CommandRow{"mPreviousWindow", "&Previous window", "Shift+F6", Icon::none,
                "Move the keyboard to the window before"},
+    CommandRow{"mFloatWindow", "&Float or dock window", "Ctrl+F6", Icon::none,
+               "Take the tool window that has the keyboard out of the main window, or put it back"},
 };
 
 constexpr std::array helpMenu{

@@ -1,5 +1,7 @@
 #include "shell/dock_host.h"
 
+#include <QApplication>
+
 namespace quillset {
 
 namespace {
@@ -73,6 +75,20 @@ void DockHost::setDockable(bool dockable) {
         if (dockable || dock->isFloating())
             features |= QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable;
         dock->setFeatures(features);
+    }
+}
+
+void DockHost::toggleFloating() {
+    QWidget* const focused = QApplication::focusWidget();
+    for (QDockWidget* const dock : docks_) {
+        const bool movable = dock->features().testFlag(QDockWidget::DockWidgetFloatable) &&
+                             dock->allowedAreas() != Qt::NoDockWidgetArea;
+        if (!dock->isAncestorOf(focused) || !movable)
+            continue;
+        dock->setFloating(!dock->isFloating());
+        dock->activateWindow(); // the keyboard stays in it
+        focused->setFocus();
+        return;
     }
 }
 

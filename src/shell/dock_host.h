@@ -28,6 +28,9 @@ public:
     /// Whether tool windows can be dragged to another side; a window that floats keeps floating when they
     /// cannot.
     void setDockable(bool dockable);
+    /// Takes the tool window that has the keyboard out of the main window, or puts it back where it was; only
+    /// while tool windows can be dragged.
+    void toggleFloating();
 
 private:
     QMainWindow& window_;

@@ -105,6 +105,12 @@ void EditorTest::theKeyboardReachesEveryWindow() {
         if (QApplication::focusWidget()->objectName() == QLatin1String("ObjProp"))
             press(Qt::Key_Tab, Qt::ControlModifier);
     QCOMPARE(press(Qt::Key_Tab), QStringLiteral("txt_search"));
+    run.widget("ObjTree")->setFocus();
+    for (const bool floats : {true, false}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ControlModifier);
+        QTRY_VERIFY(run.widget("ObjTree")->hasFocus());
+        QCOMPARE(run.editor->window().docks().layout(QStringLiteral("frmObjTree")).docked, !floats);
+    }
 }
 
 void EditorTest::everyTrapIsWhereItBelongs_data() {
