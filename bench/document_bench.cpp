@@ -10,6 +10,7 @@
 #include "document/placement_move.h"
 #include "document/placement_removal.h"
 #include "document/undo_journal.h"
+#include "nobody.h"
 #include "scenery_generator.h"
 
 #include <benchmark/benchmark.h>
@@ -22,6 +23,8 @@
 using namespace quillset;
 using bench::compare;
 using bench::Measure;
+using bench::NoClock;
+using bench::NoDialogs;
 using bench::timeSteps;
 
 namespace {
@@ -86,20 +89,6 @@ public:
 private:
     int index_ = -1;
     std::vector<std::pair<std::string, std::string>> rows_;
-};
-
-class NoClock : public Clock {
-public:
-    [[nodiscard]] std::string timeText() const override { return {}; }
-};
-
-/// Nothing is ever asked here.
-class NoDialogs : public Dialogs {
-public:
-    Answer ask(const Message&) override { std::abort(); }
-    std::string openFile(const FileRequest&) override { std::abort(); }
-    std::string saveFile(const FileRequest&) override { std::abort(); }
-    std::string chooseFolder(const std::string&) override { std::abort(); }
 };
 
 /// A document of 100,000 placements with all that belongs to it.

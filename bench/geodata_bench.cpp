@@ -10,6 +10,7 @@
 #include "document/undo_journal.h"
 #include "geodata/rd_coordinates.h"
 #include "geodata/shapefile_export.h"
+#include "nobody.h"
 #include "rd_peer.h"
 #include "scenery_generator.h"
 
@@ -22,6 +23,8 @@
 using namespace quillset;
 using bench::compare;
 using bench::Measure;
+using bench::NoClock;
+using bench::NoDialogs;
 
 namespace {
 
@@ -86,20 +89,6 @@ public:
     [[nodiscard]] std::string getObjectName(const std::string& key) const override { return key; }
     void setObjTreeItem(const std::string&) override {}
     [[nodiscard]] std::string selectedText() const override { return {}; }
-};
-
-class NoClock : public Clock {
-public:
-    [[nodiscard]] std::string timeText() const override { return {}; }
-};
-
-/// Nothing is ever asked here.
-class NoDialogs : public Dialogs {
-public:
-    Answer ask(const Message&) override { std::abort(); }
-    std::string openFile(const FileRequest&) override { std::abort(); }
-    std::string saveFile(const FileRequest&) override { std::abort(); }
-    std::string chooseFolder(const std::string&) override { std::abort(); }
 };
 
 /// A document that points are imported into, with all that belongs to it.
