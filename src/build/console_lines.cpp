@@ -45,10 +45,24 @@ std::string numberOf(char32_t character) {
 ConsoleEdit ConsoleLines::feed(std::string_view text) {
     edit_ = {};
     firstLineOfEdit_ = true;
-    while (!text.empty())
-        put(takeCharacter(text));
+    while (!text.empty()) {
+        takePlainText(text);
+        if (!text.empty())
+            put(takeCharacter(text));
+    }
     emitLine();
     return std::exchange(edit_, {});
+}
+
+// Most output is plain text that goes on at a line's end: taken in one piece.
+void ConsoleLines::takePlainText(std::string_view& text) {
+    if (afterReturn_ || column_ != line_.size())
+        return;
+    const std::string_view room = text.substr(0, longestLine - column_);
+    const auto end = std::find_if_not(room.begin(), room.end(), [](char c) { return c >= ' ' && c <= '~'; });
+    line_.append(room.begin(), end);
+    column_ = line_.size();
+    text.remove_prefix(static_cast<std::size_t>(end - room.begin()));
 }
 
 void ConsoleLines::put(char32_t character) {

@@ -27,6 +27,7 @@ public:
     [[nodiscard]] ConsoleEdit feed(std::string_view text);
 
 private:
+    void takePlainText(std::string_view& text);
     void put(char32_t character);
     void write(char32_t character);
     void endLine();
